@@ -1,0 +1,26 @@
+# The library exports the members, type information, virtual tables and thunks of its own classes, and nothing else:
+# no private class and no instance of somebody else's template that could clash with another library's.
+execute_process(COMMAND ${NM} -D --defined-only -C ${LIBRARY} OUTPUT_VARIABLE output RESULT_VARIABLE result)
+if(NOT result EQUAL 0)
+    message(FATAL_ERROR "nm failed on ${LIBRARY}")
+endif()
+string(REPLACE ";" "," output "${output}")
+string(REGEX MATCHALL "[^\n]+" lines "${output}")
+
+set(foreign "")
+set(own 0)
+foreach(line IN LISTS lines)
+    string(REGEX REPLACE "^[0-9a-f]* +[A-Za-z] " "" symbol "${line}")
+    if(symbol MATCHES "^((typeinfo|typeinfo name|vtable) for |(non-)?virtual thunk to )?ZrQt[A-Za-z]+(::|$)"
+            AND NOT symbol MATCHES "^[^(]*Private")
+        math(EXPR own "${own} + 1")
+    else()
+        string(APPEND foreign "  ${symbol}\n")
+    endif()
+endforeach()
+if(foreign)
+    message(FATAL_ERROR "Exported by accident:\n${foreign}")
+endif()
+if(own EQUAL 0)
+    message(FATAL_ERROR "The library exports nothing")
+endif()
