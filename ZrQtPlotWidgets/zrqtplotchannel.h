@@ -70,7 +70,7 @@ public:
         Circles = 0x10, ///< ellipses, given by the rectangles around them
         Custom = 0x20   ///< the application's own feature
     };
-    Q_ENUM(ContentType)
+    Q_FLAG(ContentType)
     Q_DECLARE_FLAGS(ContentTypes, ContentType)
     Q_FLAG(ContentTypes)
 

@@ -21,7 +21,7 @@ using Rects = QVector<QRectF>;
 class Feature : public ZrQtPlotFeature
 {
 public:
-    void paint(QPainter &, QSizeF) override { }
+    void paint(QPainter &, QSizeF) override { ++m_paints; }
     void translate(QPointF offset) override
     {
         m_offset += offset;
@@ -32,6 +32,7 @@ public:
 
     QRectF m_extent;
     QPointF m_offset;
+    int m_paints = 0;
     std::function<void()> m_onTranslate;
 };
 

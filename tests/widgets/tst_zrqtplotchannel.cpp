@@ -129,6 +129,7 @@ void TestPlotChannel::enumsAreRegistered()
 {
     const QMetaEnum types = QMetaEnum::fromType<ZrQtPlotChannel::ContentTypes>();
     QVERIFY(types.isFlag());
+    QVERIFY(QMetaEnum::fromType<ZrQtPlotChannel::ContentType>().isFlag());
     QCOMPARE(types.keyCount(), 7);
     const QVector<QPair<const char *, int>> expected{
         {"None", 0},       {"Points", 1},     {"Lines", 2},    {"LineSegments", 4},

@@ -33,8 +33,14 @@ private Q_SLOTS:
     void wholeContentIsMoved_data();
     void wholeContentIsMoved();
     void wholeContentNeedsContent();
+    void featureIsNotHitItself();
+    void cursorOfTheWholeContent_data();
+    void cursorOfTheWholeContent();
     void insideOutIsNormalizedAtTheRelease_data();
     void insideOutIsNormalizedAtTheRelease();
+    void allItemsAreNormalized();
+    void wholeContentIsNotNormalized();
+    void stepsRepaint();
     void notifications_data();
     void notifications();
     void notificationOfTheWholeContent();
@@ -44,6 +50,7 @@ private Q_SLOTS:
     void setterThatEndsTheEditing();
     void setterThatDropsAHoveredItemIsSilent();
     void setterOfAnotherTypeLeavesTheDrag();
+    void featureThatMovesTheCentreEndsTheEditing();
     void clearDuringADrag();
     void slotMaySnapThePoint();
     void channelMayBeDeletedInASlot_data();
@@ -304,6 +311,41 @@ void TestPlotChannelEditing::wholeContentNeedsContent()
     QVERIFY(mouse.moveTo({50, 50}));
 }
 
+void TestPlotChannelEditing::featureIsNotHitItself()
+{
+    TestChannel channel;
+    channel.setEditable(true);
+    Feature feature;
+    feature.m_extent = QRectF(40, 40, 20, 20);
+    channel.setCustomFeature(&feature);
+    Mouse mouse(&channel);
+    QVERIFY(!mouse.moveTo({50, 50}));
+    channel.setMovable(true);
+    QVERIFY(mouse.moveTo({50, 50}));
+}
+
+void TestPlotChannelEditing::cursorOfTheWholeContent_data()
+{
+    QTest::addColumn<Qt::Orientations>("directions");
+    QTest::addColumn<Qt::CursorShape>("cursor");
+    QTest::newRow("both") << (Qt::Horizontal | Qt::Vertical) << Qt::SizeAllCursor;
+    QTest::newRow("horizontal") << Qt::Orientations(Qt::Horizontal) << Qt::SizeHorCursor;
+    QTest::newRow("vertical") << Qt::Orientations(Qt::Vertical) << Qt::SizeVerCursor;
+    QTest::newRow("none") << Qt::Orientations() << Qt::SizeAllCursor;
+}
+
+void TestPlotChannelEditing::cursorOfTheWholeContent()
+{
+    QFETCH(Qt::Orientations, directions);
+    TestChannel channel;
+    channel.setMovable(true);
+    channel.setMovementDirections(directions);
+    channel.setRectangle({40, 40, 20, 20});
+    Mouse mouse(&channel);
+    QVERIFY(mouse.moveTo({50, 50}));
+    QTEST(channel.cursor().shape(), "cursor");
+}
+
 void TestPlotChannelEditing::insideOutIsNormalizedAtTheRelease_data()
 {
     QTest::addColumn<bool>("circle");
@@ -334,6 +376,46 @@ void TestPlotChannelEditing::insideOutIsNormalizedAtTheRelease()
     QCOMPARE(item(), QRectF(40, 20, 20, 20));
     QCOMPARE(edited, item());
     QCOMPARE(channel.boundingRect(), item());
+}
+
+void TestPlotChannelEditing::allItemsAreNormalized()
+{
+    TestChannel channel;
+    channel.setEditable(true);
+    channel.setRectangles({{20, 20, 20, 20}, {90, 80, -10, 10}});
+    Mouse mouse(&channel);
+    mouse.drag({30, 20}, {30, 22}); // the edge of the first one only
+    QCOMPARE(channel.rectangles(), (Rects{{20, 22, 20, 18}, {80, 80, 10, 10}}));
+}
+
+void TestPlotChannelEditing::wholeContentIsNotNormalized()
+{
+    TestChannel channel;
+    channel.setMovable(true);
+    channel.setRectanglesMovable(false);
+    channel.setRectangles({{20, 20, 20, 20}, {90, 80, -10, 10}});
+    Mouse mouse(&channel);
+    const QPointF center = channel.boundingRect().center();
+    mouse.drag(center, center + QPointF(2, 3));
+    QCOMPARE(channel.rectangles(), (Rects{{22, 23, 20, 20}, {92, 83, -10, 10}}));
+}
+
+void TestPlotChannelEditing::stepsRepaint()
+{
+    TestChannel channel;
+    channel.setEditable(true);
+    channel.setPoints({{10, 10}});
+    Feature painted; // is painted with the channel
+    channel.setCustomFeature(&painted);
+    channel.show();
+    QVERIFY(QTest::qWaitForWindowExposed(&channel));
+    Mouse mouse(&channel);
+    mouse.dragWithoutRelease({10, 10}, {12, 12});
+    QCoreApplication::processEvents();
+    const int before = painted.m_paints;
+    mouse.moveTo({14, 14});
+    QCoreApplication::processEvents();
+    QCOMPARE(painted.m_paints, before + 1);
 }
 
 void TestPlotChannelEditing::notifications_data()
@@ -420,6 +502,11 @@ void TestPlotChannelEditing::editedSignalsCarryTheContent()
     QCOMPARE(segments.at(0).at(0).value<Lines>(), (Lines{{12, 13, 30, 40}, {60, 60, 80, 80}}));
     QCOMPARE(rectangles.count(), 0);
     QCOMPARE(points.count(), 0);
+    channel.setLine({10, 60, 20, 60});
+    QSignalSpy lines(&channel, &ZrQtPlotChannel::linesEdited);
+    mouse.drag({15, 60}, {15, 62});
+    QCOMPARE(lines.count(), 1);
+    QCOMPARE(lines.at(0).at(0).value<Lines>(), (Lines{{10, 62, 20, 62}}));
 }
 
 void TestPlotChannelEditing::releaseReportsTheExtentFirst()
@@ -517,6 +604,23 @@ void TestPlotChannelEditing::setterOfAnotherTypeLeavesTheDrag()
     QVERIFY(channel.editingActive());
     channel.setRectangle({0, 0, 4, 4});
     QVERIFY(!channel.editingActive());
+}
+
+void TestPlotChannelEditing::featureThatMovesTheCentreEndsTheEditing()
+{
+    TestChannel channel;
+    channel.setMovable(true);
+    channel.setRectangle({40, 40, 20, 20});
+    channel.setRectanglesMovable(false);
+    SignalLog log(&channel);
+    Mouse mouse(&channel);
+    mouse.dragWithoutRelease({50, 50}, {52, 52});
+    log.take();
+    Feature distant;
+    distant.m_extent = QRectF(80, 80, 10, 10);
+    channel.setCustomFeature(&distant);
+    QVERIFY(!channel.isDraggingFeature());
+    QCOMPARE(log.take().count(QStringLiteral("inactive")), 1);
 }
 
 void TestPlotChannelEditing::clearDuringADrag()

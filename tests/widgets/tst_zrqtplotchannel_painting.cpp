@@ -137,6 +137,7 @@ private Q_SLOTS:
     void hiddenChannelDrawsNothing();
     void painterIsLeftAsItWas();
     void penAndBrush();
+    void penKeepsTheCapOfThePainter();
     void transparentFillKeepsTheBrushOfThePainter();
     void lineStyleAndAntialiasing();
     void pointsAreClosed_data();
@@ -158,6 +159,7 @@ private Q_SLOTS:
     void crossesOfTypesFollowTheFirstPaint_data();
     void crossesOfTypesFollowTheFirstPaint();
     void crossNeedsAValidExtent();
+    void featureHasNoCrossOfItsOwn();
     void crossOfTheWholeContent_data();
     void crossOfTheWholeContent();
     void nothingIsDrawnWithoutCanvas_data();
@@ -241,6 +243,26 @@ void TestPlotChannelPainting::penAndBrush()
     QCOMPARE(stretched.pixelColor(14, 90), white);
     for (int x = 15; x <= 17; ++x)
         QCOMPARE(stretched.pixelColor(x, 90), red);
+}
+
+void TestPlotChannelPainting::penKeepsTheCapOfThePainter()
+{
+    TestChannel channel;
+    channel.setLineWidth(9);
+    channel.setLineSegment({5, 8, 11, 8});
+    const auto colorBeyondTheEnd = [&channel](Qt::PenCapStyle cap) {
+        QImage image(128, 128, QImage::Format_ARGB32_Premultiplied);
+        image.fill(Qt::white);
+        QPainter painter(&image);
+        QPen pen;
+        pen.setCapStyle(cap);
+        painter.setPen(pen);
+        channel.paint(painter);
+        painter.end();
+        return image.pixelColor(91, 64); // 3 pixels behind x = 11
+    };
+    QCOMPARE(colorBeyondTheEnd(Qt::SquareCap), red);
+    QCOMPARE(colorBeyondTheEnd(Qt::FlatCap), white);
 }
 
 void TestPlotChannelPainting::transparentFillKeepsTheBrushOfThePainter()
@@ -617,6 +639,15 @@ void TestPlotChannelPainting::crossNeedsAValidExtent()
     QCOMPARE(colorAt(picture(channel), 5, 5), white);
     channel.setLineSegments({{1, 4, 3, 4}, {7, 6, 9, 6}});
     QVERIFY(hasCross(picture(channel), QPointF(5, 5)));
+}
+
+void TestPlotChannelPainting::featureHasNoCrossOfItsOwn()
+{
+    TestChannel channel;
+    channel.setEditable(true);
+    SquareFeature feature;
+    channel.setCustomFeature(&feature);
+    QCOMPARE(colorAt(picture(channel), 5, 5), QColor(Qt::blue));
 }
 
 void TestPlotChannelPainting::crossOfTheWholeContent_data()
