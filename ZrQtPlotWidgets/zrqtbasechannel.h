@@ -198,10 +198,10 @@ Q_SIGNALS:
     void dataChanged(ZrQtPlot::CoordinateSystem cosyX, ZrQtPlot::CoordinateSystem cosyY);
 
     /// The visible range changed; the mapping to pixels is up to date.
-    void canvasChanged(const QRectF &canvas);
+    void canvasChanged(QRectF canvas);
 
     /// The extent of the content changed, or the automatic scaling must look at it again.
-    void boundingRectChanged(const QRectF &boundingRect);
+    void boundingRectChanged(QRectF boundingRect);
 
     /// Whether edges are smoothed is now `arg`; the repaint follows.
     void antialiasingChanged(bool arg);

@@ -412,6 +412,9 @@ public:
     virtual void paint(QPainter *painter);
     /// \}
 
+    /// Handles what the mouse does over axes and channels; a subclass that extends it passes on the rest.
+    bool eventFilter(QObject *watched, QEvent *event) override;
+
 public Q_SLOTS:
     /// Shows \a canvas in \a cosy; directions that change become `Manual`, unless the automatic return told
     /// at setScalingX() applies. A direction in which \a canvas has a width (height) of 0 or less, or none
@@ -430,7 +433,7 @@ public Q_SLOTS:
 
 Q_SIGNALS:
     /// The visible range of \a cosy, adjusted to the aspect ratio if that is kept.
-    void canvasChanged(const QRectF &canvas, ZrQtPlot::CoordinateSystem cosy);
+    void canvasChanged(QRectF canvas, ZrQtPlot::CoordinateSystem cosy);
     /// A mode was set, by the application, the user or an automatic return; also if it is the same as before.
     void scalingModeChanged(ZrQtPlot::ScalingMode scalingMode, ZrQtPlot::PlotAxis axis,
                             ZrQtPlot::CoordinateSystem cosy);
@@ -438,11 +441,11 @@ Q_SIGNALS:
     /// A selection was finished by releasing the left button, in values of `selectionCosyX` and
     /// `selectionCosyY`: a rectangle whose width and height are not negative, both 0 after a mere click. Sent
     /// after canvasChanged() for each system in use; not sent after Escape.
-    void selectionChanged(const QRectF &rect);
-    void selectionChanged(const QLineF &line);
+    void selectionChanged(QRectF rect);
+    void selectionChanged(QLineF line);
     /// A mouse button, any of them, went down over a plot that holds a ZrQtPlotChannel; in pixels of the plot
     /// area. The second press of a double click does not count.
-    void pointPressed(const QPoint &channelPixel, Qt::MouseButton button);
+    void pointPressed(QPoint channelPixel, Qt::MouseButton button);
     /// Likewise, while the cursor is in the plot area, in values of `selectionCosyX` and `selectionCosyY`,
     /// without regard to inverted axes.
     void mouseClicked(double x, double y, Qt::MouseButton button);
@@ -457,7 +460,6 @@ protected:
     void resizeEvent(QResizeEvent *event) override;
     void showEvent(QShowEvent *event) override;
     void paintEvent(QPaintEvent *event) override;
-    bool eventFilter(QObject *watched, QEvent *event) override;
     void mousePressEvent(QMouseEvent *event) override;
     void mouseMoveEvent(QMouseEvent *event) override;
     void mouseReleaseEvent(QMouseEvent *event) override;

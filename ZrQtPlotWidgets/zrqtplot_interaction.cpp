@@ -187,6 +187,8 @@ void ZrQtPlotPrivate::paintRubberBand(QPainter &painter) const
 /// Forgets a drag and what it shows, without a report.
 void ZrQtPlotPrivate::endDrag()
 {
+    if (selectionVisible)
+        q->update();
     pressed = false;
     m_mouseDragging = false;
     selectionVisible = false;
@@ -194,7 +196,6 @@ void ZrQtPlotPrivate::endDrag()
     selectionRect = QRectF(0.0, 0.0, 0.0, 0.0);
     // Something else, such as a menu, may have taken the mouse from an axis.
     endOrphanedHolds();
-    q->update();
 }
 
 bool ZrQtPlotPrivate::inLegendStrip(const QPointF &position) const

@@ -217,22 +217,22 @@ Q_SIGNALS:
     ///
     /// If the whole content is moved, an edited signal follows for each type that has items, in the order
     /// points, lines, line segments, rectangles, circles, feature.
-    void pointsEdited(const QVector<QPointF> &points);
+    void pointsEdited(QVector<QPointF> points);
 
     /// The user changed rectangles; sent with all of them. During a drag one may be turned inside out.
-    void rectanglesEdited(const QVector<QRectF> &rectangles);
+    void rectanglesEdited(QVector<QRectF> rectangles);
 
     /// The user changed circles; sent with the rectangles around all of them. As rectanglesEdited().
-    void circlesEdited(const QVector<QRectF> &circles);
+    void circlesEdited(QVector<QRectF> circles);
 
     /// The user moved the whole content, the feature with it.
     void customFeatureChanged();
 
     /// The user changed infinite lines; sent with all of them.
-    void linesEdited(const QVector<QLineF> &lines);
+    void linesEdited(QVector<QLineF> lines);
 
     /// The user changed line segments; sent with all of them.
-    void lineSegmentsEdited(const QVector<QLineF> &lineSegments);
+    void lineSegmentsEdited(QVector<QLineF> lineSegments);
 
     /// The user began (true) or ended (false) editing.
     void editingActiveChanged(bool editingActive);

@@ -68,7 +68,7 @@ public:
 
 Q_SIGNALS:
     /// For applications that have a use for it; the control itself never emits it.
-    void channelNameChanged(const QString &channelName);
+    void channelNameChanged(QString channelName);
 
 protected:
     void changeEvent(QEvent *event) override;

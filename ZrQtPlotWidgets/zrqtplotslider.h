@@ -100,7 +100,7 @@ Q_SIGNALS:
     ///
     /// With updateWhileDragging(), emitted once per mouse move of a drag and when the master's canvas changes
     /// during one; without, once per release of a mouse button, even if nothing was dragged.
-    void selectionChanged(const QRectF &selection, ZrQtPlot::CoordinateSystem slaveCosy, bool selfTriggered);
+    void selectionChanged(QRectF selection, ZrQtPlot::CoordinateSystem slaveCosy, bool selfTriggered);
 
     /// For applications that have a use for it; the slider itself never emits it.
     void posChanged(double pos);

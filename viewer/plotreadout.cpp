@@ -48,9 +48,9 @@ PlotReadout::PlotReadout(ZrQtPlot *plot, const Options &options)
 {
     plot->registerHoverCallback([this](double x, double) { return hoverText(x); });
     plot->setCursorShift(kTooltipShift);
-    connect(plot, qOverload<const QRectF &>(&ZrQtPlot::selectionChanged), this,
+    connect(plot, qOverload<QRectF>(&ZrQtPlot::selectionChanged), this,
             &PlotReadout::onRegionSelected);
-    connect(plot, qOverload<const QLineF &>(&ZrQtPlot::selectionChanged), this, &PlotReadout::onLineSelected);
+    connect(plot, qOverload<QLineF>(&ZrQtPlot::selectionChanged), this, &PlotReadout::onLineSelected);
     plot->installEventFilter(this);
 }
 

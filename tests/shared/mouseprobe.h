@@ -100,9 +100,9 @@ public:
                 [this](ZrQtPlot::ScalingMode scaling, ZrQtPlot::PlotAxis axis, Cosy cosy) {
                     m_entries.append(PlotLog::mode(scaling, axis, cosy));
                 });
-        connect(plot, qOverload<const QRectF &>(&ZrQtPlot::selectionChanged), this,
+        connect(plot, qOverload<QRectF>(&ZrQtPlot::selectionChanged), this,
                 [this](const QRectF &rect) { m_entries.append(roi(rect)); });
-        connect(plot, qOverload<const QLineF &>(&ZrQtPlot::selectionChanged), this,
+        connect(plot, qOverload<QLineF>(&ZrQtPlot::selectionChanged), this,
                 [this](const QLineF &drawn) { m_entries.append(line(drawn)); });
         connect(plot, &ZrQtPlot::pointPressed, this, [this](const QPoint &pixel, Qt::MouseButton button) {
             m_entries.append(pressed(pixel, button));

@@ -431,7 +431,7 @@ void TestInteraction::escapeCancels()
     Scene scene(kNumbers);
     QVERIFY(scene.isReady());
     scene.action("Region")->trigger();
-    QSignalSpy selected(scene.plot(), qOverload<const QRectF &>(&ZrQtPlot::selectionChanged));
+    QSignalSpy selected(scene.plot(), qOverload<QRectF>(&ZrQtPlot::selectionChanged));
     scene.press(scene.pixel(2, 70));
     scene.point(scene.pixel(6, 20));
     QTest::keyClick(scene.window.windowHandle(), Qt::Key_Escape);

@@ -532,8 +532,8 @@ void TestPlotMouse::plotMayDieInASlot()
         connect(plot, &ZrQtPlot::scalingModeChanged, this, end);
     else if (signal == "tooltipHidden")
         connect(plot, &ZrQtPlot::tooltipHidden, this, end);
-    connect(plot, qOverload<const QRectF &>(&ZrQtPlot::selectionChanged), this, end);
-    connect(plot, qOverload<const QLineF &>(&ZrQtPlot::selectionChanged), this, end);
+    connect(plot, qOverload<QRectF>(&ZrQtPlot::selectionChanged), this, end);
+    connect(plot, qOverload<QLineF>(&ZrQtPlot::selectionChanged), this, end);
 
     const auto gone = [&plot] { return plot.isNull(); };
     press(plot, at(0, 0));

@@ -254,7 +254,7 @@ void TestPlotSelection::lineEndsExactlyOnTheRightBorder()
     GestureScene scene;
     scene.plot->setInteraction(ZrQtPlot::SelectLine);
     QLineF reported;
-    connect(scene.plot, qOverload<const QLineF &>(&ZrQtPlot::selectionChanged), this,
+    connect(scene.plot, qOverload<QLineF>(&ZrQtPlot::selectionChanged), this,
             [&reported](const QLineF &line) { reported = line; });
     press(scene.plot, at(33, 71));
     moveTo(scene.plot, at(713, 97));
