@@ -3,6 +3,8 @@
 #include "powersoften_p.h"
 
 #include <algorithm>
+#include <array>
+#include <charconv>
 #include <cmath>
 
 namespace ZrTicks {
@@ -11,6 +13,11 @@ namespace {
 
 // The compact format writes exponents up to this one plainly.
 constexpr int largestPlainExponent = 5;
+
+// As many as the smallest number has before its first digit that is not 0, and some of its digits.
+constexpr int mostFixedDecimals = 350;
+// Sign, the digits of the largest number, the point, the decimals.
+constexpr int longestFixedNumber = 1 + 309 + 1 + mostFixedDecimals;
 
 bool isPlain(const NumberStyle &style, int exponent)
 {
@@ -38,7 +45,11 @@ int decimalExponent(double value, bool multipleOfThree)
 
 QByteArray fixedNumber(double value, int decimals)
 {
-    QByteArray text = QByteArray::number(value, 'f', std::max(decimals, 0));
+    // As printf does it in the "C" locale: exact ties go to the even digit.
+    std::array<char, longestFixedNumber> buffer;
+    const auto end = std::to_chars(buffer.data(), buffer.data() + buffer.size(), value,
+                                   std::chars_format::fixed, std::clamp(decimals, 0, mostFixedDecimals));
+    QByteArray text(buffer.data(), int(end.ptr - buffer.data()));
     const auto isZero = [](char c) { return c == '-' || c == '0' || c == '.'; };
     if (text.startsWith('-') && std::all_of(text.cbegin(), text.cend(), isZero))
         text.remove(0, 1);

@@ -205,10 +205,10 @@ TickStep evaluateTime(const TickParameters &parameters, const WorkingRange &rang
     result.tickCount = tickCountOf(count);
     result.firstTick = nextWhole(first) * step - timeAlignment;
     result.step = step;
-    // Ticks of steps that are whole thousands of seconds stand an hour beside such a number.
-    const int hourDecimals = decimalsNeeded(timeAlignment);
-    result.precision = std::max(decimalsNeeded(step), hourDecimals);
-    result.boundPrecision = std::max(decimalsNeeded(stepTable[row].candidates[0]), hourDecimals);
+    // On purpose: ticks of long steps are shown to the precision of their step, up to minutes beside the hour
+    // that they are aligned to.
+    result.precision = decimalsNeeded(step);
+    result.boundPrecision = decimalsNeeded(stepTable[row].candidates[0]);
     return result;
 }
 

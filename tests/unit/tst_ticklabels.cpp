@@ -130,7 +130,9 @@ void TestTickLabels::labels_data()
     QTest::newRow("the smallest number")
         << exponential << false << false << 2 << 5e-324 << 1 << QByteArray("4.94e-324");
     QTest::newRow("negative mantissa decimals")
-        << exponential << false << false << -1 << 2500.0 << 0 << QByteArray("3e+03");
+        << exponential << false << false << -1 << 3500.0 << 0 << QByteArray("4e+03");
+    QTest::newRow("a tie goes to the even digit")
+        << compact << false << false << 0 << 2500000.0 << 0 << QByteArray("2e+06");
     QTest::newRow("common exponent is plain")
         << exponential << true << true << 1 << 1.25 << 2 << QByteArray("1.25");
     QTest::newRow("crowded") << compact << false << false << 1 << -std::numeric_limits<double>::infinity()

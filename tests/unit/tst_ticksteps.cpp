@@ -348,12 +348,12 @@ void TestTickSteps::timeCandidate_data()
     QTest::newRow("too close") << spaced(10, 100.0, 30.0) << DaysRow << 0 << 0.0 << 3 * day << 0 << 0.0 << 0;
     QTest::newRow("close enough") << spaced(10, 120.0, 30.0) << DaysRow << 0 << 0.0 << 3 * day << 5
                                   << day - hour << -5;
-    QTest::newRow("months, to the hour")
-        << limited(10, 4, 1) << MonthsRow << 0 << 0.0 << 90 * day << 5 << 30 * day - hour << -5;
-    QTest::newRow("years, to the hour")
-        << limited(10, 4, 1) << YearsRow << 0 << 0.0 << 1095 * day << 5 << 365 * day - hour << -5;
-    QTest::newRow("50 long days, to the hour")
-        << limited(10, 4, 1) << LongDaysRow << 5 << 0.0 << 150 * day << 5 << 50 * day - hour << -5;
+    QTest::newRow("months") << limited(10, 4, 1) << MonthsRow << 0 << 0.0 << 90 * day << 5 << 30 * day - hour
+                            << -6;
+    QTest::newRow("years") << limited(10, 4, 1) << YearsRow << 0 << 0.0 << 1095 * day << 5 << 365 * day - hour
+                           << -6;
+    QTest::newRow("50 long days") << limited(10, 4, 1) << LongDaysRow << 5 << 0.0 << 150 * day << 5
+                                  << 50 * day - hour << -7;
     QTest::newRow("microseconds") << limited(10, 4, 1) << FineRow << 0 << 0.0 << 0.004 << 5 << 0.001 << 3;
     QTest::newRow("before the epoch")
         << limited(10, 4, 1) << DaysRow << 0 << -3 * day << -1.0 << 5 << -2 * day - hour << -5;
@@ -379,7 +379,7 @@ void TestTickSteps::boundPrecisionOfTimeRows_data()
     QTest::addColumn<UnitRow>("row");
     QTest::addColumn<int>("expected");
 
-    QTest::newRow("years, to the hour") << YearsRow << -5;
+    QTest::newRow("years") << YearsRow << -6;
     QTest::newRow("hours") << HoursRow << -5;
     QTest::newRow("hours, short") << ShortHoursRow << -5;
     QTest::newRow("minutes") << MinutesRow << -4;
@@ -387,7 +387,7 @@ void TestTickSteps::boundPrecisionOfTimeRows_data()
     QTest::newRow("milliseconds") << MillisecondsRow << 0;
     QTest::newRow("fine") << FineRow << 3;
     QTest::newRow("days") << DaysRow << -5;
-    QTest::newRow("months, to the hour") << MonthsRow << -5;
+    QTest::newRow("months") << MonthsRow << -6;
     QTest::newRow("days, long") << LongDaysRow << -5;
     QTest::newRow("weeks") << WeeksRow << -5;
 }
