@@ -259,7 +259,6 @@ void ZrQtPlotSlider::leaveEvent(QEvent *)
 void ZrQtPlotSlider::resizeEvent(QResizeEvent *)
 {
     Q_D(ZrQtPlotSlider);
-    d->updateLength();
-    d->strip.placeHandles();
+    d->strip.resize(width());
     update();
 }

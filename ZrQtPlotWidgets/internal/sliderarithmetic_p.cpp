@@ -17,6 +17,11 @@ bool isRange(const QRectF &rect)
     return std::abs(rect.left()) <= LargestValue && std::abs(rect.right()) <= LargestValue;
 }
 
+bool isScale(const QRectF &canvas)
+{
+    return canvas.width() > 0 && isRange(canvas);
+}
+
 int roundedPixel(double pixel)
 {
     return static_cast<int>(std::round(std::clamp(pixel, -FarPixel, FarPixel)));
@@ -37,7 +42,7 @@ double SliderStrip::valueAt(int pixel) const
 
 bool SliderStrip::hasScale() const
 {
-    return m_length > 0 && m_master.width() > 0 && isRange(m_master);
+    return m_length > 0 && isScale(m_master);
 }
 
 void SliderStrip::setLength(int length)
@@ -50,10 +55,16 @@ void SliderStrip::setLength(int length)
     m_left = std::min(m_left, std::max(0, m_right - MinimumSpan));
 }
 
-void SliderStrip::placeHandles()
+void SliderStrip::resize(int length)
 {
-    if (!m_selection.isNull())
-        synchronise(m_selection);
+    if (length <= 0 || m_selection.isNull() || !isRange(m_selection) || !isScale(m_master)) {
+        setLength(length);
+        return;
+    }
+    m_length = length;
+    synchronise(m_selection);
+    // At the end of a strip that has become shorter, the old place of the right handle stops nothing.
+    m_left = std::min(m_left, std::max(0, m_right - MinimumSpan));
 }
 
 bool SliderStrip::setMaster(const QRectF &canvas)

@@ -40,8 +40,9 @@ public:
     /// is selected and they mark the whole strip, they go on doing so.
     void setLength(int length);
 
-    /// Places the handles for the selection, which a new length asks for. Without a selection they stay.
-    void placeHandles();
+    /// Sets the length and places the handles for the selection, as synchronise() does; without a selection
+    /// they stay, as in setLength().
+    void resize(int length);
 
     /// Stores \a canvas as the master canvas and returns true if its x or its width is another than before.
     /// The handles do not move.

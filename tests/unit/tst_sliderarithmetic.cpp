@@ -26,13 +26,6 @@ SliderStrip strip(int length, double masterLeft, double masterRight, double left
     return result;
 }
 
-/// What a slider does when it is resized.
-void resize(SliderStrip &strip, int length)
-{
-    strip.setLength(length);
-    strip.placeHandles();
-}
-
 /// The strip told once more, by rectangles and edges instead of positions and widths.
 class Model
 {
@@ -61,9 +54,9 @@ public:
     void setLength(int length)
     {
         m_length = length;
-        if (right() > length)
-            m_rightHandle.moveRight(length);
         synchronise(m_from, m_to);
+        if (left() > right() - 17)
+            m_leftHandle.moveLeft(right() > 17 ? right() - 17 : 0);
     }
 
     void synchronise(double from, double to)
@@ -198,14 +191,14 @@ void TestSliderArithmetic::marksTheWholeStripUntilSomethingIsSelected()
         if (withMaster)
             fresh.setMaster(range(10.0, 100.0));
         for (int length : {200, 400, 30, 1000}) {
-            resize(fresh, length);
+            fresh.resize(length);
             QCOMPARE(fresh.leftPosition(), 0);
             QCOMPARE(fresh.rightPosition(), length);
         }
     }
     fresh.moveRightEdge(500);
     fresh.selectFromHandles();
-    resize(fresh, 2000);
+    fresh.resize(2000);
     QCOMPARE(fresh.rightPosition(), 1000);
 }
 
@@ -416,33 +409,34 @@ void TestSliderArithmetic::movingKeepsTheWidthInValues()
 void TestSliderArithmetic::resizing()
 {
     SliderStrip result = strip(200, 0.0, 100.0, 25.0, 50.0);
-    resize(result, 100);
+    result.resize(100);
     QCOMPARE(result.leftPosition(), 25);
     QCOMPARE(result.rightPosition(), 50);
     QCOMPARE(result.selection(), range(25.0, 50.0));
 
-    // The right handle stands beyond the shorter strip while the left one is placed.
-    result.synchronise(range(90.0, 100.0));
-    result.synchronise(range(90.0, 100.0));
-    resize(result, 50);
+    // Shrinking leaves the selection alone, also where the handles have less room than they need.
+    result.synchronise(range(80.0, 100.0));
+    result.synchronise(range(80.0, 100.0));
+    QCOMPARE(result.leftPosition(), 80);
+    result.resize(50);
     QCOMPARE(result.leftPosition(), 33);
     QCOMPARE(result.rightPosition(), 50);
-    QCOMPARE(result.selection(), range(66.0, 100.0));
+    QCOMPARE(result.selection(), range(80.0, 100.0));
     result = strip(100, 0.0, 100.0, 25.0, 50.0);
 
     // A strip of no width changes nothing, so that the next width finds everything as it was.
-    resize(result, 0);
-    resize(result, -7);
+    result.resize(0);
+    result.resize(-7);
     QCOMPARE(result.length(), 0);
     QCOMPARE(result.leftPosition(), 25);
     QCOMPARE(result.rightPosition(), 50);
-    resize(result, 120);
+    result.resize(120);
     QCOMPARE(result.leftPosition(), 30);
     QCOMPARE(result.rightPosition(), 60);
     QCOMPARE(result.selection(), range(25.0, 50.0));
 
     // Growing at one go, the left handle meets the old place of the right one.
-    resize(result, 400);
+    result.resize(400);
     QCOMPARE(result.leftPosition(), 43);
     QCOMPARE(result.rightPosition(), 200);
     QCOMPARE(result.selection(), range(10.75, 50.0));
@@ -459,7 +453,7 @@ void TestSliderArithmetic::narrowStrips()
 {
     QFETCH(int, length);
     SliderStrip result = strip(200, 0.0, 100.0, 25.0, 50.0);
-    resize(result, length);
+    result.resize(length);
     for (int x = -3; x < length + 3; ++x) {
         result.moveLeftEdge(x);
         result.moveRightEdge(x);
@@ -497,11 +491,11 @@ void TestSliderArithmetic::noScale()
     result.setLength(200);
     QCOMPARE(result.leftPosition(), 0);
     QCOMPARE(result.rightPosition(), 200);
-    resize(result, 300);
+    result.resize(300);
     QCOMPARE(result.rightPosition(), 200);
 
     result.moveLeftEdge(150);
-    resize(result, 100);
+    result.resize(100);
     QCOMPARE(result.leftPosition(), 83);
     QCOMPARE(result.rightPosition(), 100);
     result.moveRightEdge(10);
@@ -514,8 +508,8 @@ void TestSliderArithmetic::noScale()
 
     // The selection is at hand when a master canvas arrives.
     result.setMaster(range(0.0, 100.0));
-    resize(result, 100);
-    resize(result, 100);
+    result.resize(100);
+    result.resize(100);
     QCOMPARE(result.rightPosition(), 50);
 }
 
@@ -592,7 +586,7 @@ void TestSliderArithmetic::agreesWithTheModel()
                 break;
             case 5: {
                 const int length = whole(17, 2000);
-                resize(subject, length);
+                subject.resize(length);
                 model.setLength(length);
                 break;
             }
@@ -637,7 +631,7 @@ void TestSliderArithmetic::survivesAnyNumbers()
             subject.moveBoth(int(random()));
             break;
         case 5:
-            resize(subject, int(random() % 300) - 20);
+            subject.resize(int(random() % 300) - 20);
             break;
         }
         subject.selectFromHandles();
