@@ -80,6 +80,18 @@ bool isOutOfReach(const QRectF &rect, const QRectF &selection)
     return std::abs(distance.x()) > reach || std::abs(distance.y()) > reach;
 }
 
+/// Whether the mouse is so far within an ellipse that neither its centre nor anything on its outline can be
+/// hit. As isOutOfReach(), for ellipses that lie around each other.
+bool isAmid(const QRectF &ellipse, const QRectF &selection)
+{
+    const double radius = std::min(std::abs(ellipse.width()), std::abs(ellipse.height())) / 2;
+    const double reach = std::max(selection.width(), selection.height());
+    const QPointF distance = ellipse.center() - selection.center();
+    const double squaredDistance = QPointF::dotProduct(distance, distance);
+    return radius > reach && squaredDistance > reach * reach
+           && squaredDistance < (radius - reach) * (radius - reach);
+}
+
 GeometryHit zoneHit(DragPart part, int index, Qt::CursorShape cursor, const HitRules &rules)
 {
     // Nothing can be dragged in no direction, so no zone promises it.
@@ -123,7 +135,7 @@ std::optional<GeometryHit> hitRectangle(const QRectF &rect, int index, const Hit
 
 std::optional<GeometryHit> hitCircleHandle(const QRectF &circle, int index, const HitRules &rules)
 {
-    if (isOutOfReach(circle, rules.selection))
+    if (isOutOfReach(circle, rules.selection) || isAmid(circle, rules.selection))
         return std::nullopt;
     if (holds(rules.selection, circle.center()))
         return zoneHit(DragPart::Item, index, Qt::SizeAllCursor, rules);
@@ -150,7 +162,7 @@ std::optional<Qt::CursorShape> outlineCursor(const QPointF &mouse, const QPointF
 
 std::optional<GeometryHit> hitOutline(const QRectF &circle, int index, const HitRules &rules)
 {
-    if (isOutOfReach(circle, rules.selection))
+    if (isOutOfReach(circle, rules.selection) || isAmid(circle, rules.selection))
         return std::nullopt;
     // On purpose only the widths count: the ring is round in data units, whatever the shape of the ellipse.
     const double radius = std::abs(circle.width()) / 2; // negative while turned inside out
