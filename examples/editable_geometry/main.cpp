@@ -2,6 +2,7 @@
 #include <QtWidgets/QCheckBox>
 #include <QtWidgets/QFormLayout>
 #include <QtWidgets/QLabel>
+#include <QtWidgets/QVBoxLayout>
 
 #include "ZrQtPlotWidgets/zrqtaxis.h"
 #include "ZrQtPlotWidgets/zrqtplot.h"
@@ -84,11 +85,12 @@ int main(int argc, char *argv[])
 {
     QApplication application(argc, argv);
     QWidget window;
-    auto *form = new QFormLayout(&window);
+    auto *layout = new QVBoxLayout(&window);
     ZrQtPlot *plot = createPlot();
     ZrQtPlotChannel *channel = createChannel(plot);
-    plot->setMinimumHeight(300);
-    form->addRow(plot);
+    layout->addWidget(plot, 1);
+    auto *form = new QFormLayout;
+    layout->addLayout(form);
 
     addReadOut(form, QStringLiteral("Points"), channel, channel->points(), &ZrQtPlotChannel::pointsEdited);
     addReadOut(form, QStringLiteral("Lines"), channel, channel->lines(), &ZrQtPlotChannel::linesEdited);

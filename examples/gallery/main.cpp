@@ -1,8 +1,11 @@
 #include <QtCore/QDir>
 #include <QtCore/QProcess>
 #include <QtWidgets/QApplication>
+#include <QtWidgets/QGridLayout>
+#include <QtWidgets/QLabel>
 #include <QtWidgets/QListWidget>
 #include <QtWidgets/QMessageBox>
+#include <QtWidgets/QPushButton>
 
 // The resources hold a picture of each example, under the name of the example.
 const QString pictures = QStringLiteral(":/examples/");
@@ -19,21 +22,28 @@ void start(const QString &name)
 int main(int argc, char *argv[])
 {
     QApplication application(argc, argv);
-    QListWidget gallery;
-    gallery.setWindowTitle(QStringLiteral("Examples of ZrQtPlotWidgets"));
-    gallery.setViewMode(QListView::IconMode);
-    gallery.setResizeMode(QListView::Adjust);
-    gallery.setMovement(QListView::Static);
-    gallery.setIconSize(QSize(150, 115));
-    gallery.setGridSize(QSize(170, 155));
+    QWidget window;
+    window.setWindowTitle(QStringLiteral("Examples of ZrQtPlotWidgets"));
+    auto *names = new QListWidget;
+    auto *picture = new QLabel;
+    picture->setAlignment(Qt::AlignCenter);
+    auto *startButton = new QPushButton(QStringLiteral("Start"));
+    auto *layout = new QGridLayout(&window);
+    layout->addWidget(names, 0, 0);
+    layout->addWidget(picture, 0, 1);
+    layout->addWidget(startButton, 1, 0);
+    layout->setColumnStretch(1, 1);
 
-    const QStringList names = QDir(pictures).entryList();
-    for (const QString &name : names)
-        gallery.addItem(new QListWidgetItem(QIcon(pictures + name), name));
-    QObject::connect(&gallery, &QListWidget::itemActivated,
+    QObject::connect(names, &QListWidget::currentTextChanged, picture,
+                     [picture](const QString &name) { picture->setPixmap(QPixmap(pictures + name)); });
+    QObject::connect(names, &QListWidget::itemActivated,
                      [](const QListWidgetItem *item) { start(item->text()); });
+    QObject::connect(startButton, &QPushButton::clicked, names,
+                     [names] { start(names->currentItem()->text()); });
+    names->addItems(QDir(pictures).entryList());
+    names->setCurrentItem(names->findItems(QStringLiteral("quickstart"), Qt::MatchExactly).first());
 
-    gallery.resize(700, 480);
-    gallery.show();
+    window.resize(960, 540);
+    window.show();
     return QApplication::exec();
 }

@@ -52,8 +52,7 @@ int main(int argc, char *argv[])
     layout->addWidget(detail, 3);
 
     ZrQtPlot *overview = createPlot(values, 40);
-    overview->setFixedHeight(110);
-    layout->addWidget(overview);
+    layout->addWidget(overview, 1);
 
     auto *slider = new ZrQtPlotSlider(overview); // spans what the overview shows
     detail->connectSlider(slider);               // and selects what the detail shows
