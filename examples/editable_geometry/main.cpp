@@ -34,18 +34,14 @@ template <typename Item> QString textOf(const QVector<Item> &items)
 ZrQtPlot *createPlot()
 {
     auto *plot = new ZrQtPlot;
-    plot->setGridModeX(ZrQtPlot::TickGrid);
-    plot->setGridModeY(ZrQtPlot::TickGrid);
-    plot->setInitialCanvas(QRectF(0.0, 0.0, 16.0, 10.0));
+    plot->setInitialCanvas(QRectF(0.0, 0.0, 20.0, 10.0));
     plot->setDefaultScalingX(ZrQtPlot::Manual); // the canvas stays when content is edited
     plot->setDefaultScalingY(ZrQtPlot::Manual);
-    plot->setKeepAspectRatio(true);             // circles are round
     plot->setInteraction(ZrQtPlot::PanAndScan); // a drag beside the content moves the canvas
     plot->setMouseWheelZoom(true);
     for (Qt::Edge edge : {Qt::LeftEdge, Qt::BottomEdge}) {
         auto *axis = new ZrQtAxis(plot);
         axis->setPosition(edge);
-        axis->setUseForGrid(true);
     }
     return plot;
 }
@@ -58,10 +54,10 @@ ZrQtPlotChannel *createChannel(ZrQtPlot *plot)
     channel->setAntialiasing(true);
 
     channel->setPoints({{1.0, 5.5}, {2.0, 8.0}, {3.5, 6.0}, {5.0, 8.5}});
-    channel->setLines({{0.0, 9.4, 1.0, 9.4}, {15.2, 0.0, 15.2, 1.0}}); // without end, through two points each
+    channel->setLines({{0.0, 9.4, 1.0, 9.4}, {19.2, 0.0, 19.2, 1.0}}); // without end, through two points each
     channel->setLineSegments({{1.0, 1.0, 4.0, 3.5}, {2.5, 0.8, 5.0, 2.0}});
-    channel->setRectangles({{6.5, 0.8, 2.5, 2.2}, {11.2, 1.5, 2.8, 1.8}});
-    channel->setCircles({{6.4, 5.6, 2.6, 2.6}, {11.9, 5.9, 2.0, 2.0}}); // the rectangles around them
+    channel->setRectangles({{7.8, 0.8, 2.7, 2.2}, {13.8, 1.5, 3.2, 1.8}});
+    channel->setCircles({{7.8, 5.8, 2.6, 2.6}, {14.6, 6.1, 2.0, 2.0}}); // the rectangles around them
 
     channel->setEditable(true);
     channel->setMovable(true);       // all content together, by the cross in the middle of the plot,
