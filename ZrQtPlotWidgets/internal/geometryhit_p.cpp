@@ -80,6 +80,28 @@ bool isOutOfReach(const QRectF &rect, const QRectF &selection)
     return std::abs(distance.x()) > reach || std::abs(distance.y()) > reach;
 }
 
+/// Whether the mouse is so far within a rectangle that neither its centre nor anything on its outline can be
+/// hit. As isOutOfReach(), for items that lie around each other.
+bool isAmidRectangle(const QRectF &rect, const QRectF &selection)
+{
+    const double reach = std::max(selection.width(), selection.height());
+    const double x = std::abs(rect.center().x() - selection.center().x());
+    const double y = std::abs(rect.center().y() - selection.center().y());
+    return std::max(x, y) > reach && x + reach < std::abs(rect.width()) / 2
+           && y + reach < std::abs(rect.height()) / 2;
+}
+
+/// The same for an ellipse, whose ring and handles lie no closer to the centre than its smaller radius.
+bool isAmidEllipse(const QRectF &ellipse, const QRectF &selection)
+{
+    const double radius = std::min(std::abs(ellipse.width()), std::abs(ellipse.height())) / 2;
+    const double reach = std::max(selection.width(), selection.height());
+    const QPointF distance = ellipse.center() - selection.center();
+    const double squaredDistance = QPointF::dotProduct(distance, distance);
+    return radius > reach && squaredDistance > reach * reach
+           && squaredDistance < (radius - reach) * (radius - reach);
+}
+
 GeometryHit zoneHit(DragPart part, int index, Qt::CursorShape cursor, const HitRules &rules)
 {
     // Nothing can be dragged in no direction, so no zone promises it.
@@ -111,7 +133,7 @@ std::optional<GeometryHit> hitSegment(const QLineF &segment, int index, const Hi
 
 std::optional<GeometryHit> hitRectangle(const QRectF &rect, int index, const HitRules &rules)
 {
-    if (isOutOfReach(rect, rules.selection))
+    if (isOutOfReach(rect, rules.selection) || isAmidRectangle(rect, rules.selection))
         return std::nullopt;
     for (const Zone &zone : rectangleZones) {
         const bool isAllowed = rules.resizable || zone.part == DragPart::Item;
@@ -123,7 +145,7 @@ std::optional<GeometryHit> hitRectangle(const QRectF &rect, int index, const Hit
 
 std::optional<GeometryHit> hitCircleHandle(const QRectF &circle, int index, const HitRules &rules)
 {
-    if (isOutOfReach(circle, rules.selection))
+    if (isOutOfReach(circle, rules.selection) || isAmidEllipse(circle, rules.selection))
         return std::nullopt;
     if (holds(rules.selection, circle.center()))
         return zoneHit(DragPart::Item, index, Qt::SizeAllCursor, rules);
@@ -150,7 +172,7 @@ std::optional<Qt::CursorShape> outlineCursor(const QPointF &mouse, const QPointF
 
 std::optional<GeometryHit> hitOutline(const QRectF &circle, int index, const HitRules &rules)
 {
-    if (isOutOfReach(circle, rules.selection))
+    if (isOutOfReach(circle, rules.selection) || isAmidEllipse(circle, rules.selection))
         return std::nullopt;
     // On purpose only the widths count: the ring is round in data units, whatever the shape of the ellipse.
     const double radius = std::abs(circle.width()) / 2; // negative while turned inside out

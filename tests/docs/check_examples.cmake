@@ -1,6 +1,7 @@
 # cmake -DSOURCE_DIR=<repository> -P check_examples.cmake
 # The C++ in the README is, byte for byte, the program examples/quickstart, which is short; the C++ in the guide
-# stands word for word in one of the examples.
+# stands word for word in one of the examples. Examples are short and have a page with a picture, the index of the
+# guide names every page, and links lead somewhere.
 
 # Sets <result> to the C++ blocks of a Markdown file, each followed by the character 0x1e.
 string(ASCII 30 separator)
@@ -21,13 +22,18 @@ function(read_blocks file result)
     set(${result} "${blocks}" PARENT_SCOPE)
 endfunction()
 
+function(count_lines text result)
+    string(REGEX MATCHALL "\n" lines "${text}")
+    list(LENGTH lines count)
+    set(${result} ${count} PARENT_SCOPE)
+endfunction()
+
 file(READ ${SOURCE_DIR}/examples/quickstart/main.cpp quickstart)
 read_blocks(${SOURCE_DIR}/README.md readme)
 if(NOT readme STREQUAL "${quickstart}${separator}")
     message(FATAL_ERROR "The example in README.md is not examples/quickstart/main.cpp:\n${readme}")
 endif()
-string(REGEX MATCHALL "\n" lines "${quickstart}")
-list(LENGTH lines count)
+count_lines("${quickstart}" count)
 if(count GREATER 25)
     message(FATAL_ERROR "The example in README.md has ${count} lines; more than 25 are no quick start")
 endif()
@@ -58,3 +64,37 @@ endforeach()
 if(checked EQUAL 0)
     message(FATAL_ERROR "No code found in the guide")
 endif()
+
+file(GLOB mains ${SOURCE_DIR}/examples/*/main.cpp)
+foreach(main IN LISTS mains)
+    file(READ ${main} program)
+    count_lines("${program}" count)
+    get_filename_component(folder ${main} DIRECTORY)
+    if(count GREATER_EQUAL 120)
+        message(FATAL_ERROR "${main} has ${count} lines; an example has less than 120")
+    endif()
+    file(READ ${folder}/README.md page)
+    string(FIND "${page}" "](screenshot.png)" found)
+    if(found EQUAL -1)
+        message(FATAL_ERROR "${folder}/README.md does not show screenshot.png")
+    endif()
+endforeach()
+
+file(READ ${SOURCE_DIR}/docs/guide/index.md index)
+foreach(page IN LISTS pages)
+    get_filename_component(folder ${page} DIRECTORY)
+    get_filename_component(name ${page} NAME)
+    string(FIND "${index}" "](${name})" found)
+    if(found EQUAL -1 AND folder MATCHES "/guide$" AND NOT name STREQUAL "index.md")
+        message(FATAL_ERROR "docs/guide/index.md does not name ${name}")
+    endif()
+    file(READ ${page} text)
+    string(REPLACE "](" "<link>" text "${text}") # lists do not take brackets
+    string(REGEX MATCHALL "<link>[^) #:]+\\)" links "${text}")
+    foreach(link IN LISTS links)
+        string(REGEX REPLACE "^<link>(.*)\\)$" "\\1" target "${link}")
+        if(NOT EXISTS ${folder}/${target})
+            message(FATAL_ERROR "${page} links to ${target}, which does not exist")
+        endif()
+    endforeach()
+endforeach()
