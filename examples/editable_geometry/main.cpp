@@ -69,7 +69,7 @@ ZrQtPlotChannel *createChannel(ZrQtPlot *plot)
 /// A row of the form that shows what the signal last reported, and at first what the channel holds.
 template <typename Item>
 void addReadOut(QFormLayout *form, const QString &title, ZrQtPlotChannel *channel, const QVector<Item> &items,
-                void (ZrQtPlotChannel::*edited)(const QVector<Item> &))
+                void (ZrQtPlotChannel::*edited)(QVector<Item>))
 {
     auto *label = new QLabel(textOf(items));
     form->addRow(title, label);

@@ -43,7 +43,7 @@ int main(int argc, char *argv[])
     QObject::connect(modes, qOverload<int>(&QComboBox::currentIndexChanged), plot, setMode);
     setMode();
 
-    QObject::connect(plot, qOverload<const QRectF &>(&ZrQtPlot::selectionChanged), readOut,
+    QObject::connect(plot, qOverload<QRectF>(&ZrQtPlot::selectionChanged), readOut,
                      [readOut](const QRectF &region) {
                          readOut->setText(QStringLiteral("x from %1 to %2, y from %3 to %4")
                                               .arg(region.left(), 0, 'f', 3)
@@ -51,7 +51,7 @@ int main(int argc, char *argv[])
                                               .arg(region.top(), 0, 'f', 3)
                                               .arg(region.bottom(), 0, 'f', 3));
                      });
-    QObject::connect(plot, qOverload<const QLineF &>(&ZrQtPlot::selectionChanged), readOut,
+    QObject::connect(plot, qOverload<QLineF>(&ZrQtPlot::selectionChanged), readOut,
                      [readOut](const QLineF &line) {
                          readOut->setText(QStringLiteral("dx = %1, dy = %2, slope = %3")
                                               .arg(line.dx(), 0, 'f', 3)
