@@ -22,20 +22,19 @@ set(same_version "${runtime} (= ${PROJECT_VERSION})")
 set(CPACK_DEBIAN_RUNTIME_PACKAGE_NAME ${runtime})
 set(CPACK_DEBIAN_RUNTIME_PACKAGE_SECTION libs)
 set(CPACK_DEBIAN_RUNTIME_PACKAGE_GENERATE_SHLIBS ON)
-set(CPACK_COMPONENT_RUNTIME_DESCRIPTION "${PROJECT_DESCRIPTION}
- Plots with axes, channels that the user can edit, and an overview slider, as
- widgets for programs on Qt 5 and for Qt Designer.")
+set(CPACK_DEBIAN_RUNTIME_DESCRIPTION "Plots with axes, channels that the user can edit, and an overview slider, as
+widgets for programs on Qt 5 and for Qt Designer.")
 
 set(CPACK_DEBIAN_DEVELOPMENT_PACKAGE_NAME libzrqtplotwidgets-dev)
 set(CPACK_DEBIAN_DEVELOPMENT_PACKAGE_SECTION libdevel)
 set(CPACK_DEBIAN_DEVELOPMENT_PACKAGE_DEPENDS "${same_version}, qtbase5-dev (>= 5.15)")
-set(CPACK_COMPONENT_DEVELOPMENT_DESCRIPTION "${PROJECT_DESCRIPTION} (development files)
- Headers, and what CMake, pkg-config and qmake need to find the library.")
+set(CPACK_DEBIAN_DEVELOPMENT_DESCRIPTION "Development files: headers, and what CMake, pkg-config
+and qmake need to find the library.")
 
 set(CPACK_DEBIAN_VIEWER_PACKAGE_NAME zrqtplot-viewer)
 set(CPACK_DEBIAN_VIEWER_PACKAGE_SECTION science)
 set(CPACK_DEBIAN_VIEWER_PACKAGE_DEPENDS "${same_version}")
-set(CPACK_COMPONENT_VIEWER_DESCRIPTION "Viewer of CSV files
- Plots the columns of CSV files; pans, zooms and reads values off the plot.")
+set(CPACK_DEBIAN_VIEWER_DESCRIPTION "A viewer that plots the columns of CSV files; pans, zooms
+and reads values off the plot.")
 
 include(CPack)
