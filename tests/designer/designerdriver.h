@@ -26,6 +26,7 @@ private:
     void check(bool condition, const QString &sentence);
     void checkWidgetBox();
     void checkOpenedForm(QDesignerFormWindowInterface *form);
+    void takePicture(QDesignerFormWindowInterface *form);
     void checkInserting(QDesignerFormWindowInterface *form);
     void checkDeleting(QDesignerFormWindowInterface *form);
     void checkSaving(QDesignerFormWindowInterface *form);
