@@ -289,7 +289,8 @@ void ZrQtPlotPrivate::childRemoved(QObject *child)
 
 void ZrQtPlotPrivate::raiseTopmost()
 {
-    if (m_slider && m_slider->parent() == q)
+    // A slider on its way to another parent still names this one, but cannot be raised any more.
+    if (m_slider && q->children().contains(m_slider))
         m_slider->raise();
     else if (!m_slider && m_overlay)
         m_overlay->raise();

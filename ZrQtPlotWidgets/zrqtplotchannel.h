@@ -35,11 +35,12 @@ class ZrQtPlotFeature;
 class ZRQTPLOTWIDGETS_EXPORT ZrQtPlotChannel : public ZrQtBaseChannel
 {
     Q_OBJECT
-    Q_PROPERTY(QVector<QPointF> points READ points WRITE setPoints)
-    Q_PROPERTY(QVector<QRectF> rectangles READ rectangles WRITE setRectangles)
-    Q_PROPERTY(QVector<QRectF> circles READ circles WRITE setCircles)
-    Q_PROPERTY(QVector<QLineF> lines READ lines WRITE setLines)
-    Q_PROPERTY(QVector<QLineF> lineSegments READ lineSegments WRITE setLineSegments)
+    // Designer has no editor for lists of shapes.
+    Q_PROPERTY(QVector<QPointF> points READ points WRITE setPoints DESIGNABLE false)
+    Q_PROPERTY(QVector<QRectF> rectangles READ rectangles WRITE setRectangles DESIGNABLE false)
+    Q_PROPERTY(QVector<QRectF> circles READ circles WRITE setCircles DESIGNABLE false)
+    Q_PROPERTY(QVector<QLineF> lines READ lines WRITE setLines DESIGNABLE false)
+    Q_PROPERTY(QVector<QLineF> lineSegments READ lineSegments WRITE setLineSegments DESIGNABLE false)
     Q_PROPERTY(bool editingActive READ editingActive NOTIFY editingActiveChanged)
     Q_PROPERTY(Qt::Orientations movementDirections READ movementDirections WRITE setMovementDirections)
     Q_PROPERTY(bool editable READ editable WRITE setEditable)

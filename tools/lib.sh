@@ -3,7 +3,10 @@
 
 root=$(cd "$(dirname "${BASH_SOURCE[0]}")/.." && pwd)
 # shellcheck disable=SC2034 # for those who source this
-release_packages=(cmake fonts-dejavu-core g++ libcsv-dev ninja-build qtbase5-dev tzdata)
+release_packages=(cmake fonts-dejavu-core g++ libcsv-dev ninja-build qtbase5-dev qttools5-dev tzdata)
+# What the tests use besides: other ways of building, of packing, and Qt Designer with a display.
+# shellcheck disable=SC2034 # likewise
+test_packages=(dpkg-dev file make pkg-config qttools5-dev-tools xauth xvfb)
 # What the viewer shows in the demo and in the README.
 # shellcheck disable=SC2034,SC2054 # likewise; the commas are meant
 demo=(--title "The machine that built this" --grid ticks --legend

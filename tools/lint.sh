@@ -11,7 +11,7 @@ need_packages "${release_packages[@]}" clang-tidy-14 clazy shellcheck
 if [ $# -gt 0 ]; then
     mapfile -t sources < <(realpath -- "$@")
 else
-    mapfile -t sources < <(find "$root/ZrQtPlotWidgets" -name '*.cpp' | sort)
+    mapfile -t sources < <(find "$root/ZrQtPlotWidgets" "$root/designer" -name '*.cpp' | sort)
 fi
 build_dir=$root/build/tidy
 status=0

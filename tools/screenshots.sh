@@ -29,3 +29,9 @@ done
 # The gallery holds the pictures of the others.
 build_preset release zrqtplot-example-gallery
 picture_example gallery
+
+# The test that drives Qt Designer leaves a picture of it.
+need_packages "${test_packages[@]}"
+build_preset release designerdriver
+(cd "$root/build/release" && ctest -R '^designer_itself$' >/dev/null)
+cp "$root/build/release/tests/designer/designer.png" "$root/docs/images/designer.png"

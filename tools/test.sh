@@ -6,6 +6,6 @@ set -euo pipefail
 # shellcheck source=tools/lib.sh
 . "$(dirname "${BASH_SOURCE[0]}")/lib.sh"
 
-need_packages "${release_packages[@]}"
+need_packages "${release_packages[@]}" "${test_packages[@]}"
 build_preset release
 test_preset release "$@"

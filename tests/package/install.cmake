@@ -7,7 +7,7 @@ if(NOT result EQUAL 0)
 endif()
 file(RENAME ${STAGE} ${MOVED})
 
-file(GLOB_RECURSE texts ${MOVED}/*.cmake ${MOVED}/*.h)
+file(GLOB_RECURSE texts ${MOVED}/*.cmake ${MOVED}/*.h ${MOVED}/*.pc ${MOVED}/*.prf)
 foreach(text IN LISTS texts)
     file(READ ${text} content)
     foreach(path ${STAGE} ${BUILD_DIR})

@@ -1,5 +1,8 @@
-# The library exports the members, type information, virtual tables and thunks of its own classes, and nothing else:
-# no private class and no instance of somebody else's template that could clash with another library's.
+# The library exports the members, type information, virtual tables and thunks of its own classes, the two functions of
+# a plug-in, and nothing else: no private class, no class of the Designer plug-in, and no instance of somebody else's
+# template that could clash with another library's.
+cmake_minimum_required(VERSION 3.16)
+
 execute_process(COMMAND ${NM} -D --defined-only -C ${LIBRARY} OUTPUT_VARIABLE output RESULT_VARIABLE result)
 if(NOT result EQUAL 0)
     message(FATAL_ERROR "nm failed on ${LIBRARY}")
@@ -7,13 +10,16 @@ endif()
 string(REPLACE ";" "," output "${output}")
 string(REGEX MATCHALL "[^\n]+" lines "${output}")
 
+string(REPLACE "," ";" ENTRY_POINTS "${ENTRY_POINTS}")
 set(foreign "")
 set(own 0)
 foreach(line IN LISTS lines)
     string(REGEX REPLACE "^[0-9a-f]* +[A-Za-z] " "" symbol "${line}")
     if(symbol MATCHES "^((typeinfo|typeinfo name|vtable) for |(non-)?virtual thunk to )?ZrQt[A-Za-z]+(::|$)"
-            AND NOT symbol MATCHES "^[^(]*Private")
+            AND NOT symbol MATCHES "^[^(]*(Private|Plugin|Collection)")
         math(EXPR own "${own} + 1")
+    elseif(symbol IN_LIST ENTRY_POINTS)
+        list(REMOVE_ITEM ENTRY_POINTS ${symbol})
     else()
         string(APPEND foreign "  ${symbol}\n")
     endif()
@@ -23,4 +29,22 @@ if(foreign)
 endif()
 if(own EQUAL 0)
     message(FATAL_ERROR "The library exports nothing")
+endif()
+if(ENTRY_POINTS)
+    message(FATAL_ERROR "Not exported: ${ENTRY_POINTS}")
+endif()
+
+# The plug-in needs only what every program with widgets has: nothing of Designer's.
+execute_process(COMMAND ${READELF} -d ${LIBRARY} OUTPUT_VARIABLE dynamic RESULT_VARIABLE result)
+if(NOT result EQUAL 0)
+    message(FATAL_ERROR "readelf failed on ${LIBRARY}")
+endif()
+string(REGEX MATCHALL "\\(NEEDED\\)[^\n]*Qt5[A-Za-z]+" needed "${dynamic}")
+string(REGEX REPLACE "[^;]*lib(Qt5[A-Za-z]+)" "\\1" needed "${needed}")
+list(SORT needed)
+if(NOT needed STREQUAL "Qt5Core;Qt5Gui;Qt5Widgets")
+    message(FATAL_ERROR "The library needs ${needed}")
+endif()
+if(dynamic MATCHES "\\((RPATH|RUNPATH)\\)")
+    message(FATAL_ERROR "The library looks for others in a fixed place:\n${dynamic}")
 endif()

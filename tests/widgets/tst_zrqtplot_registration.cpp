@@ -692,6 +692,7 @@ void tst_ZrQtPlotRegistration::movedElsewhereKeepsItsParent_data()
     QTest::newRow("axis") << 0;
     QTest::newRow("channel") << 1;
     QTest::newRow("custom widget") << 2;
+    QTest::newRow("slider") << 3;
 }
 
 void tst_ZrQtPlotRegistration::movedElsewhereKeepsItsParent()
@@ -705,11 +706,16 @@ void tst_ZrQtPlotRegistration::movedElsewhereKeepsItsParent()
         child = new ZrQtAxis(scene.plot);
     else if (kind == 1)
         child = new ProbeChannel(scene.plot, QRectF(0, 0, 3, 4));
-    else
+    else if (kind == 2)
         child = new QWidget(scene.plot);
+    else
+        child = new ZrQtPlotSlider(scene.plot);
     child->show();
+    QObjectList others = scene.plot->children();
+    others.removeAll(child);
     child->setParent(&elsewhere);
     QCOMPARE(child->parentWidget(), &elsewhere);
+    QCOMPARE(scene.plot->children(), others);
     QVERIFY(elsewhere.children().contains(child));
     QVERIFY(!scene.plot->children().contains(child));
     QVERIFY(!child->isWindow());
