@@ -8,6 +8,7 @@
 
 #include <QtWidgets/QAction>
 #include <QtWidgets/QDockWidget>
+#include <QtWidgets/QLayout>
 #include <QtWidgets/QMainWindow>
 #include <QtWidgets/QMenu>
 #include <QtWidgets/QMenuBar>
@@ -121,7 +122,14 @@ void MarkerActions::add(Adding adding)
         return;
     if (!m_layer)
         addLayer();
-    Markers markers = m_markers;
+    const Markers before = m_markers;
+    // The panel takes its room first: a new circle is to be round when the plot has what is left.
+    adding(&m_markers, m_layer->scale());
+    updateReadout();
+    measure();
+    m_panel->parentWidget()->layout()->activate();
+
+    Markers markers = before;
     adding(&markers, m_layer->scale());
     m_layer->setMarkers(markers);
 }
