@@ -233,6 +233,7 @@ void AxisFeed::showNumbers(double low, double high, const QString &label)
             numbers.decimals = static_cast<int>(std::floor(std::log10(largest / (high - low)))) + 1;
         numbers.decimals = qBound(1, numbers.decimals, 15);
     }
+    m_axis->setMinMaxEditable(false);
     m_axis->setLabelFormat(format);
     m_axis->setMaxTicks(kMaxNumberTicks);
     m_axis->setShowBoundLabels(false);

@@ -295,6 +295,7 @@ void MainWindow::replaceOverview(const BuiltPlot &built)
     if (m_options.overview) {
         m_overview = new Overview(built, m_options, centralWidget());
         m_layout->addWidget(m_overview);
+        m_overview->show();
     }
 }
 

@@ -18,6 +18,8 @@ constexpr QRgb kHandleColor = 0xc0909090;
 
 Overview::Overview(const BuiltPlot &built, const Options &options, QWidget *parent)
     : ZrQtPlot(parent)
+    , m_plot(built.plot)
+    , m_slider(new ZrQtPlotSlider(this))
     , m_series(built.readout->series())
 {
     setSizePolicy(QSizePolicy::Expanding, QSizePolicy::Fixed);
@@ -25,7 +27,16 @@ Overview::Overview(const BuiltPlot &built, const Options &options, QWidget *pare
     setMinMarginTop(kTopMargin);
     for (PlottedSeries &series : m_series)
         addCopy(&series, options);
-    coupleWith(built.plot);
+    // From here on, the other plot tells when its area changes.
+    alignWith(built.readout->series().first().channel);
+
+    m_slider->setSlaveHandleColor(QColor::fromRgba(kHandleColor));
+    m_plot->connectSlider(m_slider);
+    m_slider->installEventFilter(this);
+    connect(this, &ZrQtPlot::canvasChanged, this, [this](const QRectF &, CoordinateSystem cosy) {
+        if (cosy == COSY_0)
+            placeHandles();
+    });
 }
 
 /// Makes a series of the other plot one of this.
@@ -53,16 +64,12 @@ void Overview::addCopy(PlottedSeries *series, const Options &options)
     connect(original, &ZrQtBaseChannel::visibilityChanged, copy, &ZrQtBaseChannel::setVisible);
 }
 
-void Overview::coupleWith(ZrQtPlot *plot)
+/// On its own, a slider leaves its handles where they are when the range of the strip changes, and forgets
+/// where they belong when there is no room for them.
+void Overview::placeHandles()
 {
-    auto *slider = new ZrQtPlotSlider(this);
-    slider->setSlaveHandleColor(QColor::fromRgba(kHandleColor));
-    plot->connectSlider(slider);
-    // On its own, a slider leaves its handles where they are when the range of the strip changes.
-    connect(this, &ZrQtPlot::canvasChanged, plot, [plot, slider](const QRectF &, CoordinateSystem cosy) {
-        if (cosy == COSY_0)
-            slider->onSlaveCanvasChanged(plot->canvas(COSY_0), COSY_0);
-    });
+    if (m_plot)
+        m_slider->onSlaveCanvasChanged(m_plot->canvas(COSY_0), COSY_0);
 }
 
 void Overview::setColor(int index, const QColor &color)
@@ -78,9 +85,14 @@ QSize Overview::sizeHint() const
 
 bool Overview::eventFilter(QObject *watched, QEvent *event)
 {
+    const bool resized = event->type() == QEvent::Resize;
+    // The base class watches the channels of this plot, too.
     const auto *channel = qobject_cast<ZrQtBufferedChannel *>(watched);
-    if (channel && (event->type() == QEvent::Resize || event->type() == QEvent::Move))
+    if (channel && channel->parentWidget() == m_plot && (resized || event->type() == QEvent::Move))
         alignWith(channel);
+    // After the slider has seen the event.
+    if (watched == m_slider && resized)
+        QMetaObject::invokeMethod(this, &Overview::placeHandles, Qt::QueuedConnection);
     return ZrQtPlot::eventFilter(watched, event);
 }
 

@@ -5,6 +5,7 @@
 
 #include <ZrQtPlotWidgets/zrqtplot.h>
 
+class ZrQtPlotSlider;
 struct BuiltPlot;
 
 /// A strip with all data of another plot and a slider that tells which part of its x the plot shows, and
@@ -24,9 +25,11 @@ public:
 
 private:
     void addCopy(PlottedSeries *series, const Options &options);
-    void coupleWith(ZrQtPlot *plot);
     void alignWith(const QWidget *plotArea);
+    void placeHandles();
 
+    QPointer<ZrQtPlot> m_plot; ///< the other one
+    ZrQtPlotSlider *m_slider;
     QVector<PlottedSeries> m_series; ///< as drawn here; without a channel where it is left out
 };
 
