@@ -12,8 +12,8 @@ SampleStatistics statisticsIn(const QVector<double> &xs, const QVector<double> &
         x = std::lower_bound(x, end, window.left);
         end = std::upper_bound(x, end, window.right);
     }
-    // A mean that runs along: the sum of large values could be infinite.
-    double mean = 0.0;
+    // The sum of large values would be infinite as a double.
+    long double sum = 0.0L;
     double minimum = std::numeric_limits<double>::infinity();
     double maximum = -minimum;
     for (auto y = ys.cbegin() + (x - xs.cbegin()); x != end; ++x, ++y) {
@@ -21,12 +21,12 @@ SampleStatistics statisticsIn(const QVector<double> &xs, const QVector<double> &
         if (!inside)
             continue;
         ++result.count;
-        mean += *y / result.count - mean / result.count;
+        sum += *y;
         minimum = std::min(minimum, *y);
         maximum = std::max(maximum, *y);
     }
     if (result.count > 0) {
-        result.mean = mean;
+        result.mean = static_cast<double>(sum / result.count);
         result.minimum = minimum;
         result.maximum = maximum;
     }
