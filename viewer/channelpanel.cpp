@@ -11,6 +11,7 @@
 
 namespace {
 
+constexpr int kLongestName = 160;
 constexpr QSize kColorBoxSize(36, 24);
 
 } // namespace
@@ -42,7 +43,10 @@ void ChannelPanel::setSeries(const QVector<PlottedSeries> &series)
 QWidget *ChannelPanel::makeRow(int index, const PlottedSeries &series)
 {
     ZrQtBufferedChannel *channel = series.channel;
-    auto *row = new ZrQtPlotChannelEdit(channel->name());
+    auto *row = new ZrQtPlotChannelEdit;
+    // A long name must not take the room of the plot.
+    row->setChannelName(row->fontMetrics().elidedText(channel->name(), Qt::ElideMiddle, kLongestName));
+    row->setToolTip(channel->name());
     row->setPlotChannel(channel);
     auto *box = row->findChild<QPushButton *>(QStringLiteral("colorBox"));
     box->show();

@@ -82,6 +82,7 @@ private Q_SLOTS:
 
     void switchedByOptionMenuAndKey();
     void oneRowForEachColumn();
+    void longNamesAreShortened();
     void buttonHidesAndShows();
     void colorIsChosen();
     void sharedAxesKeepTheirColor();
@@ -116,6 +117,18 @@ void TestChannelPanel::oneRowForEachColumn()
         QVERIFY(scene.rows().at(i)->channelVisible());
         QVERIFY(scene.colorBox(i)->isVisible());
     }
+}
+
+void TestChannelPanel::longNamesAreShortened()
+{
+    const QByteArray name = QByteArray("a name ").repeated(20).trimmed();
+    PanelScene scene("t," + name + "\n0,0\n10,1\n");
+    QVERIFY(scene.isReady());
+    QVERIFY(scene.panel()->width() < scene.window.width() / 2);
+    const ZrQtPlotChannelEdit *row = scene.rows().first();
+    QVERIFY(row->channelName().size() < name.size()
+            && row->channelName().startsWith(QStringLiteral("a name")));
+    QCOMPARE(row->toolTip(), QString::fromLatin1(name));
 }
 
 void TestChannelPanel::buttonHidesAndShows()

@@ -17,6 +17,7 @@ private Q_SLOTS:
 
     void modes_data();
     void modes();
+    void cursorShowsTheMode();
     void choicesOutliveThePlot();
     void pan();
     void dragOfALogarithmicAxis();
@@ -79,6 +80,21 @@ void TestInteraction::modes()
     QVERIFY(button && button->isVisible());
     QTest::mouseClick(button, Qt::LeftButton);
     QCOMPARE(scene.plot()->interaction(), mode);
+}
+
+void TestInteraction::cursorShowsTheMode()
+{
+    Scene scene(kNumbers);
+    QVERIFY(scene.isReady());
+    QCOMPARE(scene.plot()->cursor().shape(), Qt::OpenHandCursor);
+    for (const char *mode : {"Zoom", "Region", "Line"}) {
+        scene.action("Pan")->trigger();
+        QCOMPARE(scene.plot()->cursor().shape(), Qt::OpenHandCursor);
+        scene.action(mode)->trigger();
+        QCOMPARE(scene.plot()->cursor().shape(), Qt::CrossCursor);
+    }
+    scene.action("Legend")->trigger();
+    QCOMPARE(scene.plot()->cursor().shape(), Qt::CrossCursor);
 }
 
 void TestInteraction::choicesOutliveThePlot()
