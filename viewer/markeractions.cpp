@@ -7,6 +7,7 @@
 #include "plotreadout.h"
 
 #include <QtWidgets/QAction>
+#include <QtWidgets/QApplication>
 #include <QtWidgets/QDockWidget>
 #include <QtWidgets/QLayout>
 #include <QtWidgets/QMainWindow>
@@ -122,6 +123,8 @@ void MarkerActions::add(Adding adding)
         return;
     if (!m_layer)
         addLayer();
+    if (!m_layer->scale().isValid())
+        return;
     const Markers before = m_markers;
     // The panel takes its room first: a new circle is to be round when the plot has what is left.
     adding(&m_markers, m_layer->scale());
@@ -172,7 +175,9 @@ void MarkerActions::measure()
     const int column = m_text->horizontalScrollBar()->value();
     const int line = m_text->verticalScrollBar()->value();
     m_text->setHtml(markerReadout(*m_plotReadout, m_markers));
-    fitPanel();
+    // A plot that changes its size would lose the marker that is being dragged.
+    if (QApplication::mouseButtons() == Qt::NoButton)
+        fitPanel();
     m_text->horizontalScrollBar()->setValue(column);
     m_text->verticalScrollBar()->setValue(line);
 }
