@@ -26,6 +26,9 @@ constexpr int kMaxSubTicks = 9;
 constexpr double kSubTickDistance = 8.0;
 // Vertical distance of the labels of a value axis.
 constexpr double kLinesPerLabel = 2.0;
+// An axis writes a label as soon as two thirds of the distance lie between it and the end of the range, which
+// is too close to a field.
+constexpr double kRoomForField = 1.6;
 // The part of the canvas beside the data.
 constexpr double kMargin = 0.02;
 
@@ -38,11 +41,16 @@ struct TimeLevel
 };
 
 constexpr double kAnySpan = 1e300;
+// Below this span a date axis writes times only.
+constexpr double kHoursOnly = 129600000.0;
 
 constexpr TimeLevel kDateLevels[] = {
-    {2000.0, "%hh:%mm:%ss.%Ms", "00:00:00.000"}, {600000.0, "%hh:%mm:%ss", "00:00:00"},
-    {129600000.0, "%hh:%mm", "00:00"},           {432000000.0, "%d %MEn %hh:%mm", "00 Mmm 00:00"},
-    {5184000000.0, "%d %MEn", "00 Mmm"},         {kAnySpan, "%yyyy-%MM-%dd", "0000-00-00"},
+    {2000.0, "%hh:%mm:%ss.%Ms", "00:00:00.000"},
+    {600000.0, "%hh:%mm:%ss", "00:00:00"},
+    {kHoursOnly, "%hh:%mm", "00:00"},
+    {432000000.0, "%d %MEn %hh:%mm", "00 Mmm 00:00"},
+    {5184000000.0, "%d %MEn", "00 Mmm"},
+    {kAnySpan, "%yyyy-%MM-%dd", "0000-00-00"},
 };
 
 constexpr TimeLevel kTimeOfDayLevels[] = {
@@ -171,7 +179,10 @@ void AxisFeed::refresh()
     const double high = vertical ? m_canvas.bottom() : m_canvas.right();
     switch (m_scale) {
     case AxisScale::Numbers:
-        showNumbers(low, high, m_label);
+        if (m_editable)
+            showEditableNumbers(low, high);
+        else
+            showNumbers(low, high, m_label);
         break;
     case AxisScale::Logarithms:
         showLogarithms(low, high);
@@ -222,6 +233,7 @@ void AxisFeed::showNumbers(double low, double high, const QString &label)
             numbers.decimals = static_cast<int>(std::floor(std::log10(largest / (high - low)))) + 1;
         numbers.decimals = qBound(1, numbers.decimals, 15);
     }
+    m_axis->setMinMaxEditable(false);
     m_axis->setLabelFormat(format);
     m_axis->setMaxTicks(kMaxNumberTicks);
     m_axis->setShowBoundLabels(false);
@@ -231,6 +243,24 @@ void AxisFeed::showNumbers(double low, double high, const QString &label)
                              ? label
                              : label
                                    + QStringLiteral(" (\u00D710%1)").arg(superscript(numbers.unitExponent)));
+    m_axis->setMinMax(low, high);
+}
+
+/// Fields know no power of ten; their numbers stand for the canvas as they are.
+void AxisFeed::showEditableNumbers(double low, double high)
+{
+    const int decimals = decimalsForTyping(low, high);
+    const QString lowest = QString::number(low, 'f', decimals);
+    const QString highest = QString::number(high, 'f', decimals);
+    m_axis->setTickDistance(
+        isVertical(m_axis)
+            ? kLinesPerLabel * m_axis->fontMetrics().height()
+            : kRoomForField * distanceFor(m_axis, lowest.size() > highest.size() ? lowest : highest));
+    m_axis->setLabelFormat(ZrQtAxis::FloatingPoint);
+    m_axis->setMaxTicks(kMaxNumberTicks);
+    m_axis->setShowBoundLabels(true);
+    m_axis->setPrecision(decimals);
+    m_axis->setMinMaxEditable(true);
     m_axis->setMinMax(low, high);
 }
 
@@ -260,12 +290,15 @@ void AxisFeed::showLogarithms(double low, double high)
 void AxisFeed::showTime(double low, double high)
 {
     const double span = high - low;
+    if (m_editable && span < kHoursOnly) {
+        showEditableTime(low, high);
+        return;
+    }
     const bool dateAxisFails = !(low > 0.0);
     if (dateAxisFails || (m_ownTimeFormat && span > kManyYears)) {
         showNumbers(WallClock::year(low), WallClock::year(high), m_label);
         return;
     }
-    const bool nameDates = m_scale == AxisScale::Dates && m_ownTimeFormat && span < kNoYear;
     const QString widest = m_scale == AxisScale::Dates || !m_ownTimeFormat
                                ? widestLabel(kDateLevels, span)
                                : widestLabel(kTimeOfDayLevels, span);
@@ -274,6 +307,27 @@ void AxisFeed::showTime(double low, double high)
     m_axis->setTickDistance(distanceFor(m_axis, widest));
     m_axis->setMaxTicks(kMaxTimeTicks);
     m_axis->setShowBoundLabels(false);
-    m_axis->setAxisLabel(nameDates ? QStringLiteral("%1 (%2)").arg(m_label, dates(low, high)) : m_label);
+    m_axis->setAxisLabel(timeLabel(low, high));
     m_axis->setMinMax(low, high);
+}
+
+void AxisFeed::showEditableTime(double low, double high)
+{
+    m_axis->setUnitFactor(1.0);
+    m_axis->setLabelFormat(ZrQtAxis::TimePlusMs);
+    m_axis->setTickDistance(kRoomForField * distanceFor(m_axis, QStringLiteral("00:00:00.000")));
+    m_axis->setMaxTicks(kMaxTimeTicks);
+    m_axis->setShowBoundLabels(true);
+    m_axis->setMinMaxEditable(true);
+    m_axis->setAxisLabel(timeLabel(low, high));
+    m_axis->setMinMax(low, high);
+}
+
+/// The labels of short ranges leave out the date: the label of the axis names it.
+QString AxisFeed::timeLabel(double low, double high) const
+{
+    const bool writesTimesOnly = m_axis->labelFormat() == ZrQtAxis::TimePlusMs;
+    const bool namesDates = !m_label.isEmpty() && m_scale == AxisScale::Dates
+                            && (m_ownTimeFormat || writesTimesOnly) && high - low < kNoYear;
+    return namesDates ? QStringLiteral("%1 (%2)").arg(m_label, dates(low, high)) : m_label;
 }

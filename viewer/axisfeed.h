@@ -46,6 +46,11 @@ public:
     /// A format for dates and times instead of the viewer's own. Empty: the viewer's.
     void setTimeFormat(const QString &format);
 
+    /// Lets the user type the ends of the range, as long as the axis shows the numbers or times of the
+    /// canvas: not years and powers, which a canvas does not count in, and not dates, for which an axis has
+    /// no field.
+    void setEditable(bool on) { m_editable = on; }
+
     bool eventFilter(QObject *watched, QEvent *event) override;
 
 private:
@@ -55,6 +60,9 @@ private:
     void showNumbers(double low, double high, const QString &label);
     void showLogarithms(double low, double high);
     void showTime(double low, double high);
+    void showEditableNumbers(double low, double high);
+    void showEditableTime(double low, double high);
+    QString timeLabel(double low, double high) const;
 
     ZrQtAxis *m_axis;
     AxisScale m_scale;
@@ -64,6 +72,7 @@ private:
     bool m_hasCanvas = false;
     bool m_refreshing = false;
     bool m_ownTimeFormat = true;
+    bool m_editable = false;
 };
 
 #endif // VIEWER_AXISFEED_H

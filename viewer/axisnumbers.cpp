@@ -6,6 +6,7 @@
 namespace {
 
 constexpr int kMostDecimals = 15;
+constexpr double kTypedParts = 1000.0;
 constexpr double kLargestPlain = 1e6;
 constexpr double kSmallestPlain = 1e-3;
 constexpr double kSmallestSpan = 1e-5;
@@ -49,4 +50,13 @@ AxisNumbers axisNumbers(double low, double high, int maxTicks, double maxInterva
     const double factor = std::pow(10.0, -numbers.unitExponent);
     numbers.decimals = decimalsForTicks(low * factor, high * factor, maxTicks, maxIntervals);
     return numbers;
+}
+
+int decimalsForTyping(double low, double high)
+{
+    const double span = high - low;
+    if (!std::isfinite(span) || !(span > 0.0))
+        return 0;
+    const double decimals = std::ceil(-std::log10(span / kTypedParts));
+    return static_cast<int>(std::clamp(decimals, 0.0, double(kMostDecimals)));
 }

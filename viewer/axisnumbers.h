@@ -17,4 +17,7 @@ int decimalsForTicks(double low, double high, int maxTicks, double maxIntervals)
 /// digits.
 AxisNumbers axisNumbers(double low, double high, int maxTicks, double maxIntervals);
 
+/// Decimals with which the ends of the range can be typed to about a thousandth of it. Between 0 and 15.
+int decimalsForTyping(double low, double high);
+
 #endif // VIEWER_AXISNUMBERS_H

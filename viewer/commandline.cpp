@@ -27,6 +27,9 @@ constexpr OptionRow kOptions[] = {
     {"inverted-y", nullptr, "value axes that grow downwards"},
     {"grid", "KIND", "none, ticks (the default), subticks, percent, pixels or polar"},
     {"legend", nullptr, "list the names and colours of the columns"},
+    {"overview", nullptr, "show all data in a strip below the plot, to move it by"},
+    {"edit-axes", nullptr, "type the ends of the axes"},
+    {"channel-panel", nullptr, "list the columns in a panel that hides and colours them"},
     {"label-format", "FORMAT", "values as floating, exponential or compact (the default)"},
     {"time-format", "FORMAT",
      "labels of a date axis, such as \"%dd.%MM. %hh:%mm\"; lines\n"
@@ -136,6 +139,9 @@ QString readValues(const QCommandLineParser &parser, Options *options)
     options->logY = parser.isSet(name("log-y"));
     options->invertedY = parser.isSet(name("inverted-y"));
     options->legend = parser.isSet(name("legend"));
+    options->overview = parser.isSet(name("overview"));
+    options->editAxes = parser.isSet(name("edit-axes"));
+    options->channelPanel = parser.isSet(name("channel-panel"));
     options->title = value("title");
     options->screenshot = value("screenshot");
     options->timeFormat = unescapedTimeFormat(value("time-format"));

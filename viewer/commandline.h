@@ -28,6 +28,9 @@ struct Options
     bool invertedY = false;
     GridKind grid = GridKind::Ticks;
     bool legend = false;
+    bool overview = false;     ///< a strip of all data below the plot
+    bool editAxes = false;     ///< the ends of the axes can be typed
+    bool channelPanel = false; ///< the columns in a list that hides and colours them
     NumberFormat labelFormat = NumberFormat::Compact;
     QString timeFormat; ///< as ZrQtAxis takes it; empty: chosen by the viewer
     QString title;

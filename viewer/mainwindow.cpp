@@ -1,16 +1,18 @@
 #include "mainwindow.h"
 
+#include "channelpanel.h"
+#include "markeractions.h"
 #include "mouseactions.h"
-#include "plotbuilder.h"
+#include "overview.h"
 #include "plotreadout.h"
 #include "plotview.h"
+#include "viewmenu.h"
 
 #include <QtCore/QFileInfo>
 #include <QtCore/QMimeData>
 #include <QtGui/QDragEnterEvent>
 #include <QtGui/QDropEvent>
 #include <QtWidgets/QAction>
-#include <QtWidgets/QActionGroup>
 #include <QtWidgets/QFileDialog>
 #include <QtWidgets/QLabel>
 #include <QtWidgets/QMenu>
@@ -30,21 +32,6 @@ constexpr int kProgressSteps = 1000;
 constexpr int kProgressWidth = 180;
 // A reading is what the user is waiting for.
 constexpr int kReadingStretch = 3;
-
-struct GridRow
-{
-    GridKind kind;
-    const char *text;
-};
-
-constexpr GridRow kGrids[] = {
-    {GridKind::None, QT_TRANSLATE_NOOP("MainWindow", "&None")},
-    {GridKind::Ticks, QT_TRANSLATE_NOOP("MainWindow", "&Ticks")},
-    {GridKind::SubTicks, QT_TRANSLATE_NOOP("MainWindow", "&Sub-ticks")},
-    {GridKind::Percent, QT_TRANSLATE_NOOP("MainWindow", "P&ercent")},
-    {GridKind::Pixels, QT_TRANSLATE_NOOP("MainWindow", "P&ixels")},
-    {GridKind::Polar, QT_TRANSLATE_NOOP("MainWindow", "P&olar")},
-};
 
 QStringList localFiles(const QMimeData *data)
 {
@@ -122,34 +109,14 @@ void MainWindow::createFileMenu()
 void MainWindow::createViewMenu()
 {
     QMenu *menu = menuBar()->addMenu(tr("&View"));
-    addSwitch(menu, tr("&Logarithmic Values"), &Options::logY);
-    addSwitch(menu, tr("&Inverted Values"), &Options::invertedY);
-    addSwitch(menu, tr("L&egend"), &Options::legend);
-
-    QMenu *gridMenu = menu->addMenu(tr("&Grid"));
-    auto *grids = new QActionGroup(this);
-    for (const GridRow &row : kGrids) {
-        QAction *action = gridMenu->addAction(tr(row.text));
-        action->setCheckable(true);
-        action->setChecked(row.kind == m_options.grid);
-        grids->addAction(action);
-        connect(action, &QAction::triggered, this, [this, kind = row.kind] {
-            m_options.grid = kind;
-            updatePlot();
-        });
-    }
+    addViewActions(menu, &m_options, [this] { updatePlot(); });
     m_mouseActions = new MouseActions(this, menu);
-}
+    m_markerActions = new MarkerActions(this);
 
-void MainWindow::addSwitch(QMenu *menu, const QString &text, bool Options::*option)
-{
-    QAction *action = menu->addAction(text);
-    action->setCheckable(true);
-    action->setChecked(m_options.*option);
-    connect(action, &QAction::toggled, this, [this, option](bool on) {
-        m_options.*option = on;
-        updatePlot();
-    });
+    m_channelPanel = new ChannelPanel(this);
+    m_channelPanel->hide();
+    addDockWidget(Qt::RightDockWidgetArea, m_channelPanel);
+    connect(m_channelPanel, &ChannelPanel::colorChosen, this, &MainWindow::setSeriesColor);
 }
 
 void MainWindow::createStatusBar()
@@ -262,6 +229,8 @@ void MainWindow::onLoaded(const std::vector<Dataset> &datasets)
     }
     m_options = options;
     m_datasets = datasets;
+    m_looks.clear();
+    m_markerActions->removeAll();
     rebuildPlot();
     if (m_options.title.isEmpty())
         setWindowTitle(tr("%1 \u2013 ZrQtPlot Viewer").arg(QFileInfo(m_datasets.front().file).fileName()));
@@ -289,21 +258,65 @@ void MainWindow::rebuildPlot()
     QString sentence;
     m_series = selectSeries(m_datasets, m_options, &sentence);
     m_reports = ::reports(m_datasets, m_series, m_options);
-    const BuiltPlot built = buildPlot(m_datasets, m_series, m_options, centralWidget());
-    ZrQtPlot *plot = built.plot;
-    connect(built.readout, &PlotReadout::changed, this, &MainWindow::showReading);
-    QWidget *previous = m_plot ? static_cast<QWidget *>(m_plot) : m_invitation;
-    delete m_layout->replaceWidget(previous, plot);
-    previous->hide();
-    if (m_plot)
-        m_plot->deleteLater();
-    m_plot = plot;
-    m_plotIsLogarithmic = m_options.logY;
-    m_mouseActions->setPlot(plot);
-    m_plot->show();
+    if (m_looks.isEmpty())
+        m_looks = defaultLooks(m_series);
+    const BuiltPlot built = replacePlot();
+    replaceOverview(built);
+    replaceChannels(built);
+    m_mouseActions->setPlot(built.plot);
+    m_markerActions->setPlot(built, m_options);
     m_savePicture->setEnabled(true);
     showReading({});
     updateStatus();
+}
+
+BuiltPlot MainWindow::replacePlot()
+{
+    const BuiltPlot built = buildPlot(m_datasets, m_series, m_looks, m_options, centralWidget());
+    connect(built.readout, &PlotReadout::changed, this, &MainWindow::showReading);
+    QWidget *previous = m_plot ? static_cast<QWidget *>(m_plot) : m_invitation;
+    delete m_layout->replaceWidget(previous, built.plot);
+    previous->hide();
+    if (m_plot)
+        m_plot->deleteLater();
+    m_plot = built.plot;
+    m_plotIsLogarithmic = m_options.logY;
+    m_plot->show();
+    return built;
+}
+
+void MainWindow::replaceOverview(const BuiltPlot &built)
+{
+    if (m_overview) {
+        m_overview->hide();
+        m_overview->deleteLater();
+        m_overview = nullptr;
+    }
+    if (m_options.overview) {
+        m_overview = new Overview(built, m_options, centralWidget());
+        m_layout->addWidget(m_overview);
+        m_overview->show();
+    }
+}
+
+void MainWindow::replaceChannels(const BuiltPlot &built)
+{
+    const QVector<PlottedSeries> &series = built.readout->series();
+    for (int i = 0; i < series.size(); ++i) {
+        connect(series[i].channel, &ZrQtBaseChannel::visibilityChanged, this,
+                [this, i](bool visible) { m_looks[i].visible = visible; });
+    }
+    m_channelPanel->setSeries(m_options.channelPanel ? series : QVector<PlottedSeries>());
+    m_channelPanel->setVisible(m_options.channelPanel);
+}
+
+void MainWindow::setSeriesColor(int series, const QColor &color)
+{
+    m_looks[series].color = color;
+    setColor(m_plot->findChild<PlotReadout *>()->series()[series], color);
+    if (m_overview)
+        m_overview->setColor(series, color);
+    m_markerActions->updateReadout();
 }
 
 void MainWindow::updatePlot()

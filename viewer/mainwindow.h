@@ -2,11 +2,14 @@
 #define VIEWER_MAINWINDOW_H
 
 #include "loader.h"
-#include "selection.h"
+#include "plotbuilder.h"
 
 #include <QtWidgets/QMainWindow>
 
+class ChannelPanel;
+class MarkerActions;
 class MouseActions;
+class Overview;
 class QAction;
 class QLabel;
 class QProgressBar;
@@ -52,7 +55,6 @@ private:
     void createFileMenu();
     void createViewMenu();
     void createStatusBar();
-    void addSwitch(QMenu *menu, const QString &text, bool Options::*option);
 
     void chooseFiles();
     void choosePicture();
@@ -68,6 +70,10 @@ private:
     void rebuildPlot();
     /// The same for other options: what the user moved stays where it is, unless its values become others.
     void updatePlot();
+    BuiltPlot replacePlot();
+    void replaceOverview(const BuiltPlot &built);
+    void replaceChannels(const BuiltPlot &built);
+    void setSeriesColor(int series, const QColor &color);
     void setLoading(bool loading);
     void showReading(const QString &sentence);
     void updateStatus();
@@ -78,15 +84,19 @@ private:
     Loader m_loader;
     std::vector<Dataset> m_datasets;
     QVector<Series> m_series;
+    QVector<SeriesLook> m_looks; ///< of each series
     QStringList m_reports;
 
     QVBoxLayout *m_layout = nullptr;
     QLabel *m_title = nullptr;
     QLabel *m_invitation = nullptr; ///< in the place of the plot as long as there is none
     ZrQtPlot *m_plot = nullptr;
+    Overview *m_overview = nullptr;
     bool m_plotIsLogarithmic = false;
     QAction *m_savePicture = nullptr;
     MouseActions *m_mouseActions = nullptr;
+    MarkerActions *m_markerActions = nullptr;
+    ChannelPanel *m_channelPanel = nullptr;
     QLabel *m_status = nullptr;
     QLabel *m_reading = nullptr; ///< what the user clicked or selected
     QProgressBar *m_progress = nullptr;

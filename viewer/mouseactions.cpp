@@ -1,5 +1,6 @@
 #include "mouseactions.h"
 
+#include "icons.h"
 #include "plotview.h"
 
 #include <QtWidgets/QAction>
@@ -9,6 +10,9 @@
 #include <QtWidgets/QMenuBar>
 #include <QtWidgets/QToolBar>
 
+#include <algorithm>
+#include <iterator>
+
 namespace {
 
 struct ModeRow
@@ -17,17 +21,22 @@ struct ModeRow
     const char *text;
     const char *hint;
     Qt::Key key;
+    Icon icon;
+    Qt::CursorShape cursor;
 };
 
 constexpr ModeRow kModes[] = {
     {ZrQtPlot::PanAndScan, QT_TRANSLATE_NOOP("MouseActions", "&Pan"),
-     QT_TRANSLATE_NOOP("MouseActions", "Drag the plot or one axis"), Qt::Key_P},
+     QT_TRANSLATE_NOOP("MouseActions", "Drag the plot or one axis"), Qt::Key_P, Icon::Pan,
+     Qt::OpenHandCursor},
     {ZrQtPlot::RectangleZoom, QT_TRANSLATE_NOOP("MouseActions", "&Zoom"),
-     QT_TRANSLATE_NOOP("MouseActions", "Zoom to a rectangle"), Qt::Key_Z},
+     QT_TRANSLATE_NOOP("MouseActions", "Zoom to a rectangle"), Qt::Key_Z, Icon::Zoom, Qt::CrossCursor},
     {ZrQtPlot::SelectRoi, QT_TRANSLATE_NOOP("MouseActions", "&Region"),
-     QT_TRANSLATE_NOOP("MouseActions", "Select a region and read its size"), Qt::Key_R},
+     QT_TRANSLATE_NOOP("MouseActions", "Select a region and read its size"), Qt::Key_R, Icon::Region,
+     Qt::CrossCursor},
     {ZrQtPlot::SelectLine, QT_TRANSLATE_NOOP("MouseActions", "&Line"),
-     QT_TRANSLATE_NOOP("MouseActions", "Select a line and read its length"), Qt::Key_L},
+     QT_TRANSLATE_NOOP("MouseActions", "Select a line and read its length"), Qt::Key_L, Icon::Line,
+     Qt::CrossCursor},
 };
 
 struct TooltipRow
@@ -49,24 +58,25 @@ MouseActions::MouseActions(QMainWindow *window, QMenu *viewMenu)
     : QObject(window)
 {
     QMenu *menu = window->menuBar()->addMenu(tr("&Mouse"));
-    QActionGroup *modes = addModes(menu);
+    const QColor color = window->palette().color(QPalette::ButtonText);
+    QActionGroup *modes = addModes(menu, color);
     viewMenu->addSeparator();
     addTooltipModes(viewMenu->addMenu(tr("&Tooltip")));
-    m_home = addHome(viewMenu);
+    m_home = addHome(viewMenu, color);
 
     QToolBar *bar = window->addToolBar(tr("Mouse"));
     bar->setObjectName(QStringLiteral("mouseToolBar"));
-    bar->setToolButtonStyle(Qt::ToolButtonTextOnly);
+    bar->setToolButtonStyle(Qt::ToolButtonTextBesideIcon);
     bar->addActions(modes->actions());
     bar->addSeparator();
     bar->addAction(m_home);
 }
 
-QActionGroup *MouseActions::addModes(QMenu *menu)
+QActionGroup *MouseActions::addModes(QMenu *menu, const QColor &color)
 {
     auto *group = new QActionGroup(this);
     for (const ModeRow &row : kModes) {
-        QAction *action = menu->addAction(tr(row.text));
+        QAction *action = menu->addAction(makeIcon(row.icon, color), tr(row.text));
         action->setShortcut(row.key);
         action->setToolTip(QStringLiteral("%1 (%2)").arg(
             tr(row.hint), action->shortcut().toString(QKeySequence::NativeText)));
@@ -96,9 +106,9 @@ void MouseActions::addTooltipModes(QMenu *menu)
     }
 }
 
-QAction *MouseActions::addHome(QMenu *menu)
+QAction *MouseActions::addHome(QMenu *menu, const QColor &color)
 {
-    QAction *home = menu->addAction(tr("&Home"), this, [this] {
+    QAction *home = menu->addAction(makeIcon(Icon::Home, color), tr("&Home"), this, [this] {
         if (m_plot)
             fitAll(m_plot);
     });
@@ -116,5 +126,9 @@ void MouseActions::setPlot(ZrQtPlot *plot)
         return;
     plot->setMouseWheelZoom(true);
     plot->setInteraction(m_interaction);
+    // On its own, the plot changes its cursor only when the mouse comes from below.
+    const auto *row = std::find_if(std::begin(kModes), std::end(kModes),
+                                   [this](const ModeRow &mode) { return mode.mode == m_interaction; });
+    plot->setCustomCursor(row->cursor, row->mode);
     plot->setTooltipMode(m_tooltipMode);
 }

@@ -6,7 +6,9 @@
 
 #include <ZrQtPlotWidgets/zrqtplot.h>
 
+class QAction;
 class QActionGroup;
+class QColor;
 class QMainWindow;
 class QMenu;
 
@@ -25,9 +27,9 @@ public:
     void setPlot(ZrQtPlot *plot);
 
 private:
-    QActionGroup *addModes(QMenu *menu);
+    QActionGroup *addModes(QMenu *menu, const QColor &color);
     void addTooltipModes(QMenu *menu);
-    QAction *addHome(QMenu *menu);
+    QAction *addHome(QMenu *menu, const QColor &color);
 
     QPointer<ZrQtPlot> m_plot;
     ZrQtPlot::Interaction m_interaction = ZrQtPlot::PanAndScan;

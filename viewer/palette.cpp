@@ -29,3 +29,8 @@ QColor seriesColor(int index)
 {
     return QColor(kColors[static_cast<size_t>(index) % kColors.size()]);
 }
+
+QColor markerColor()
+{
+    return QColor(0xff, 0x00, 0x9e);
+}

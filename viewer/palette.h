@@ -10,4 +10,7 @@
 /// Tol's "muted" scheme; the light ones come late.
 QColor seriesColor(int index);
 
+/// Colour of what the user puts on the data to measure with: none of the lines has one like it.
+QColor markerColor();
+
 #endif // VIEWER_PALETTE_H

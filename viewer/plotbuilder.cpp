@@ -3,7 +3,6 @@
 #include "axisfeed.h"
 #include "palette.h"
 #include "plotreadout.h"
-#include "reduction.h"
 #include "seriesfeed.h"
 
 #include <ZrQtPlotWidgets/zrqtaxis.h>
@@ -15,7 +14,6 @@
 
 namespace {
 
-constexpr int kMarkerSize = 5;
 constexpr int kMinMargin = 12;
 constexpr QSizeF kPixelGrid(100.0, 100.0);
 constexpr QSizeF kPixelSubGrid(20.0, 20.0);
@@ -121,10 +119,11 @@ void applyGrid(ZrQtPlot *plot, GridKind kind)
 class PlotBuilder
 {
 public:
-    PlotBuilder(const std::vector<Dataset> &datasets, const QVector<Series> &series, const Options &options,
-                ZrQtPlot *plot)
+    PlotBuilder(const std::vector<Dataset> &datasets, const QVector<Series> &series,
+                const QVector<SeriesLook> &looks, const Options &options, ZrQtPlot *plot)
         : m_datasets(datasets)
         , m_series(series)
+        , m_looks(looks)
         , m_options(options)
         , m_plot(plot)
         , m_readout(new PlotReadout(plot, options))
@@ -146,10 +145,12 @@ private:
 
     const std::vector<Dataset> &m_datasets;
     const QVector<Series> &m_series;
+    const QVector<SeriesLook> &m_looks;
     const Options &m_options;
     ZrQtPlot *m_plot;
     PlotReadout *m_readout;
     LayoutPlan m_plan;
+    QVector<ZrQtAxis *> m_ownAxes; ///< for each series, null if it shares one
 };
 
 ZrQtAxis *PlotBuilder::addAxis(Qt::Edge position, int systemIndex, AxisScale scale, const QString &label)
@@ -165,6 +166,7 @@ ZrQtAxis *PlotBuilder::addAxis(Qt::Edge position, int systemIndex, AxisScale sca
     if (position == Qt::LeftEdge || position == Qt::RightEdge)
         feed->setNumberFormat(m_options.labelFormat);
     feed->setTimeFormat(m_options.timeFormat);
+    feed->setEditable(m_options.editAxes);
     feed->setSubTicks(m_options.grid == GridKind::SubTicks);
     return axis;
 }
@@ -179,6 +181,7 @@ void PlotBuilder::addXAxes()
 
 void PlotBuilder::addYAxes()
 {
+    m_ownAxes.fill(nullptr, m_series.size());
     const AxisScale scale = m_options.logY ? AxisScale::Logarithms : AxisScale::Numbers;
     for (int i = 0; i < m_plan.systems.size(); ++i) {
         const SystemPlan &plan = m_plan.systems[i];
@@ -187,7 +190,7 @@ void PlotBuilder::addYAxes()
         axis->setVerticalYLabel(true);
         axis->setInverted(m_options.invertedY);
         if (plan.series.size() == 1)
-            axis->setLabelColor(seriesColor(plan.series.first()));
+            m_ownAxes[plan.series.first()] = axis;
     }
 }
 
@@ -196,25 +199,24 @@ void PlotBuilder::addChannels()
     for (int i = 0; i < m_series.size(); ++i) {
         const Series &one = m_series[i];
         const Dataset &dataset = m_datasets[static_cast<size_t>(one.dataset)];
-        const QVector<double> &values = dataset.columns[static_cast<size_t>(one.column)].values;
-        const QVector<double> y = m_options.logY ? logarithms(values) : values;
-
         auto *channel = new ZrQtBufferedChannel(m_plot);
         channel->setName(one.info.name);
-        channel->setLineColor(seriesColor(i));
-        channel->setPointColor(seriesColor(i));
-        // A line of one pixel is interrupted by NaN; a wider one would smear over the whole plot.
-        channel->setLineWidth(1);
-        channel->setAntialiasing(true);
-        if (hasLonelySample(y)) {
-            channel->setPointStyle(ZrQtBaseChannel::PointStyle_Circle);
-            channel->setPointSize(kMarkerSize);
-        }
         channel->setCosyX(system(m_plan.xAxisOfSeries[i]));
         channel->setCosyY(system(m_plan.systemOfSeries[i]));
-        const QRectF extent = bounds(showableX(dataset), showable(one.info.range));
-        new SeriesFeed(channel, dataset.x, y, extent, dataset.xSorted);
-        m_readout->addChannel(channel, dataset, values, scaleOf(dataset.xKind));
+
+        PlottedSeries series;
+        series.channel = channel;
+        series.ownAxis = m_ownAxes[i];
+        series.x = dataset.x;
+        series.values = dataset.columns[static_cast<size_t>(one.column)].values;
+        series.drawn = m_options.logY ? logarithms(series.values) : series.values;
+        series.extent = bounds(showableX(dataset), showable(one.info.range));
+        series.sorted = dataset.xSorted;
+        series.xScale = scaleOf(dataset.xKind);
+        feedSeries(series);
+        setColor(series, m_looks[i].color);
+        channel->setVisible(m_looks[i].visible);
+        m_readout->addSeries(series);
     }
     if (m_plan.systems.isEmpty())
         return;
@@ -225,8 +227,24 @@ void PlotBuilder::addChannels()
 
 } // namespace
 
+QVector<SeriesLook> defaultLooks(const QVector<Series> &series)
+{
+    QVector<SeriesLook> looks;
+    for (int i = 0; i < series.size(); ++i)
+        looks.append({seriesColor(i)});
+    return looks;
+}
+
+void setColor(const PlottedSeries &series, const QColor &color)
+{
+    series.channel->setLineColor(color);
+    series.channel->setPointColor(color);
+    if (series.ownAxis)
+        series.ownAxis->setLabelColor(color);
+}
+
 BuiltPlot buildPlot(const std::vector<Dataset> &datasets, const QVector<Series> &series,
-                    const Options &options, QWidget *parent)
+                    const QVector<SeriesLook> &looks, const Options &options, QWidget *parent)
 {
     auto *plot = new ZrQtPlot(parent);
     plot->setBorderColor(Qt::gray);
@@ -237,7 +255,7 @@ BuiltPlot buildPlot(const std::vector<Dataset> &datasets, const QVector<Series> 
     plot->setGenerateLegend(options.legend);
     applyGrid(plot, options.grid);
 
-    PlotBuilder builder(datasets, series, options, plot);
+    PlotBuilder builder(datasets, series, looks, options, plot);
     builder.addXAxes();
     builder.addYAxes();
     builder.addChannels();

@@ -5,8 +5,6 @@
 #include <QtGui/QKeyEvent>
 #include <QtWidgets/QApplication>
 
-#include <ZrQtPlotWidgets/zrqtbasechannel.h>
-
 #include <algorithm>
 #include <cmath>
 
@@ -60,17 +58,6 @@ void PlotReadout::setAxes(AxisScale x, const QString &name)
     m_yName = name.size() > kLongestName ? name.left(kLongestName - 1) + QStringLiteral("\u2026") : name;
 }
 
-void PlotReadout::addChannel(ZrQtBaseChannel *channel, const Dataset &dataset, const QVector<double> &values,
-                             AxisScale xScale)
-{
-    m_lines.append({channel, dataset.x, values, dataset.xSorted, xScale});
-    connect(channel, &QObject::destroyed, this, [this, channel] {
-        m_lines.erase(std::remove_if(m_lines.begin(), m_lines.end(),
-                                     [channel](const Line &line) { return line.channel == channel; }),
-                      m_lines.end());
-    });
-}
-
 QString PlotReadout::hoverText(double x) const
 {
     const QRectF first = m_plot->canvas(ZrQtPlot::COSY_0);
@@ -78,12 +65,12 @@ QString PlotReadout::hoverText(double x) const
     QString heading;
     double headingDistance = 0.0;
     QVector<QPair<QString, QString>> rows; // the x of each, and the row itself
-    for (const Line &line : m_lines) {
-        if (!line.channel->isSelectedForDisplay() || rows.size() == kMostLines)
+    for (const PlottedSeries &line : m_series) {
+        if (!line.isShown() || rows.size() == kMostLines)
             continue;
         const QRectF canvas = m_plot->canvas(line.channel->cosyX());
         const double here = canvas.left() + part * canvas.width();
-        const int sample = Readout::nearestSample(line.x, line.y, here, line.sorted, m_logY);
+        const int sample = Readout::nearestSample(line.x, line.values, here, line.sorted, m_logY);
         if (sample < 0)
             continue;
         const QString when = Readout::sampleText(xText(line.channel->cosyX(), line.xScale), line.x[sample]);
@@ -95,7 +82,7 @@ QString PlotReadout::hoverText(double x) const
         const QString row = QStringLiteral("<tr><td><font color=\"%1\">\u25A0</font> %2</td>"
                                            "<td align=\"right\">&nbsp;&nbsp;%3</td>")
                                 .arg(line.channel->lineColor().name(), line.channel->name().toHtmlEscaped(),
-                                     Readout::numberText(line.y[sample], m_numberFormat));
+                                     Readout::numberText(line.values[sample], m_numberFormat));
         rows.append({when, row});
     }
     if (rows.isEmpty())
@@ -131,7 +118,7 @@ void PlotReadout::onPressed()
     if (!m_plot->isToolTipShown())
         return;
     const QPointF point = asShown(m_plot->getTooltipPosition());
-    const QString x = Readout::positionText(xText(ZrQtPlot::COSY_0, m_xScale), point.x());
+    const QString x = Readout::positionText(xText(), point.x());
     Q_EMIT changed(tr("Point: %1; %2").arg(x, named(Readout::positionText(yText(), point.y()))));
 }
 
@@ -189,7 +176,7 @@ AxisText PlotReadout::yText() const
 
 QPair<QString, QString> PlotReadout::xTexts(double from, double to) const
 {
-    const AxisText x = xText(ZrQtPlot::COSY_0, m_xScale);
+    const AxisText x = xText();
     const QString begin = Readout::positionText(x, from);
     const QString end = Readout::positionText(x, to);
     const bool ownWords = m_xScale == AxisScale::Dates && m_timeFormat.isEmpty();
@@ -198,7 +185,7 @@ QPair<QString, QString> PlotReadout::xTexts(double from, double to) const
 
 QString PlotReadout::fromTo(const QPointF &from, const QPointF &to) const
 {
-    const AxisText x = xText(ZrQtPlot::COSY_0, m_xScale);
+    const AxisText x = xText();
     return tr("   \u0394x %1, \u0394y %2")
         .arg(Readout::differenceText(x, from.x(), to.x()),
              Readout::differenceText(yText(), from.y(), to.y()));

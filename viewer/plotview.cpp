@@ -1,11 +1,11 @@
 #include "plotview.h"
 
-#include <ZrQtPlotWidgets/zrqtbasechannel.h>
+#include <ZrQtPlotWidgets/zrqtbufferedchannel.h>
 
 QVector<ZrQtPlot::CoordinateSystem> systemsInUse(const ZrQtPlot *plot)
 {
     QVector<ZrQtPlot::CoordinateSystem> systems;
-    for (const auto *channel : plot->findChildren<ZrQtBaseChannel *>()) {
+    for (const auto *channel : plot->findChildren<ZrQtBufferedChannel *>()) {
         for (const ZrQtPlot::CoordinateSystem cosy : {channel->cosyX(), channel->cosyY()}) {
             if (!systems.contains(cosy))
                 systems.append(cosy);

@@ -14,7 +14,7 @@ struct MovedSystem
     bool movedY;
 };
 
-/// The systems that channels of \a plot use, each once.
+/// The systems that the data of \a plot use, each once.
 QVector<ZrQtPlot::CoordinateSystem> systemsInUse(const ZrQtPlot *plot);
 
 /// Fits every system in use to its data.

@@ -1,5 +1,6 @@
 #include "seriesfeed.h"
 
+#include "plottedseries.h"
 #include "reduction.h"
 
 #include <ZrQtPlotWidgets/zrqtbufferedchannel.h>
@@ -8,6 +9,7 @@ namespace {
 
 // Twice as many points as a usual window can show of them.
 constexpr int kShortSeries = 10000;
+constexpr int kDotSize = 5;
 
 } // namespace
 
@@ -56,4 +58,17 @@ void SeriesFeed::refresh()
         y.append(point.y());
     }
     m_channel->setData(x, y, m_bounds);
+}
+
+void feedSeries(const PlottedSeries &series)
+{
+    ZrQtBufferedChannel *channel = series.channel;
+    // A line of one pixel is interrupted by NaN; a wider one would smear over the whole plot.
+    channel->setLineWidth(1);
+    channel->setAntialiasing(true);
+    if (hasLonelySample(series.drawn)) {
+        channel->setPointStyle(ZrQtBaseChannel::PointStyle_Circle);
+        channel->setPointSize(kDotSize);
+    }
+    new SeriesFeed(channel, series.x, series.drawn, series.extent, series.sorted);
 }

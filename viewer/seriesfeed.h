@@ -7,6 +7,7 @@
 #include <QtCore/QVector>
 
 class ZrQtBufferedChannel;
+struct PlottedSeries;
 
 /// Gives a channel the points of a long series that are worth drawing: as many as the pixels of its width
 /// show, chosen anew whenever the canvas or the width changes. A short series is given as it is, once.
@@ -33,5 +34,8 @@ private:
     double m_right = 0.0;
     int m_width = 0;
 };
+
+/// Makes the channel of \a series a line through its data, with a dot where a sample stands between two gaps.
+void feedSeries(const PlottedSeries &series);
 
 #endif // VIEWER_SERIESFEED_H

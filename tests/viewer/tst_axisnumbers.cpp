@@ -11,6 +11,8 @@ private Q_SLOTS:
     void decimals();
     void units_data();
     void units();
+    void decimalsToType_data();
+    void decimalsToType();
 };
 
 void TestAxisNumbers::decimals_data()
@@ -76,6 +78,30 @@ void TestAxisNumbers::units()
     const AxisNumbers numbers = axisNumbers(low, high, 12, 100.0);
     QTEST(numbers.unitExponent, "unitExponent");
     QTEST(numbers.decimals, "decimals");
+}
+
+void TestAxisNumbers::decimalsToType_data()
+{
+    QTest::addColumn<double>("low");
+    QTest::addColumn<double>("high");
+    QTest::addColumn<int>("decimals");
+
+    QTest::newRow("thousands") << 0.0 << 4000.0 << 0;
+    QTest::newRow("a thousand") << 500.0 << 1500.0 << 0;
+    QTest::newRow("hundreds") << -2.0 << 102.0 << 1;
+    QTest::newRow("tens") << 0.0 << 16.0 << 2;
+    QTest::newRow("parts") << 0.0 << 0.1 << 4;
+    QTest::newRow("never more than 15") << 0.0 << 1e-30 << 15;
+    QTest::newRow("empty") << 1.0 << 1.0 << 0;
+    QTest::newRow("NaN") << qQNaN() << 1.0 << 0;
+    QTest::newRow("infinite") << 0.0 << qInf() << 0;
+}
+
+void TestAxisNumbers::decimalsToType()
+{
+    QFETCH(double, low);
+    QFETCH(double, high);
+    QTEST(decimalsForTyping(low, high), "decimals");
 }
 
 QTEST_APPLESS_MAIN(TestAxisNumbers)

@@ -41,6 +41,9 @@ void TestCommandLine::defaults()
     QVERIFY(!line.options.logY);
     QVERIFY(!line.options.invertedY);
     QVERIFY(!line.options.legend);
+    QVERIFY(!line.options.overview);
+    QVERIFY(!line.options.editAxes);
+    QVERIFY(!line.options.channelPanel);
     QCOMPARE(line.options.grid, GridKind::Ticks);
     QCOMPARE(line.options.labelFormat, NumberFormat::Compact);
     QCOMPARE(line.options.size, QSize(960, 600));
@@ -49,7 +52,8 @@ void TestCommandLine::defaults()
 void TestCommandLine::everyOption()
 {
     const CommandLine line = parse("a.csv --x t --y p,2 --axis p=left --axis a=b=right --log-y --inverted-y "
-                                   "--grid polar --legend --label-format exponential --time-format %hh "
+                                   "--grid polar --legend --overview --edit-axes --channel-panel "
+                                   "--label-format exponential --time-format %hh "
                                    "--title T --size 640x480 --screenshot o.png b.csv");
     QCOMPARE(line.problem, QString());
     const Options &options = line.options;
@@ -65,6 +69,9 @@ void TestCommandLine::everyOption()
     QVERIFY(options.invertedY);
     QCOMPARE(options.grid, GridKind::Polar);
     QVERIFY(options.legend);
+    QVERIFY(options.overview);
+    QVERIFY(options.editAxes);
+    QVERIFY(options.channelPanel);
     QCOMPARE(options.labelFormat, NumberFormat::Exponential);
     QCOMPARE(options.timeFormat, QStringLiteral("%hh"));
     QCOMPARE(options.title, QStringLiteral("T"));
@@ -144,10 +151,10 @@ void TestCommandLine::help()
     const CommandLine line = parse("--help");
     QCOMPARE(line.problem, QString());
     QVERIFY(line.output.startsWith(QStringLiteral("Usage: zrqtplot-viewer [options] [FILE.csv ...]\n")));
-    for (const char *option :
-         {"--x COLUMN", "--y COLUMN,...", "--axis COLUMN=left|right", "--log-y", "--inverted-y",
-          "--grid KIND", "--legend", "--label-format FORMAT", "--time-format FORMAT", "--title TEXT",
-          "--size WxH", "--screenshot FILE.png", "--help", "--version"})
+    for (const char *option : {"--x COLUMN", "--y COLUMN,...", "--axis COLUMN=left|right", "--log-y",
+                               "--inverted-y", "--grid KIND", "--legend", "--overview", "--edit-axes",
+                               "--channel-panel", "--label-format FORMAT", "--time-format FORMAT",
+                               "--title TEXT", "--size WxH", "--screenshot FILE.png", "--help", "--version"})
         QVERIFY2(line.output.contains(QLatin1String("\n  ") + QLatin1String(option)), option);
     for (const QString &text : line.output.split(QLatin1Char('\n')))
         QVERIFY2(text.size() <= 90, qPrintable(text));

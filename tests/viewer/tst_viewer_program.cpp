@@ -68,6 +68,7 @@ private Q_SLOTS:
     void goodFiles();
     void gapsAreReportedAndInterruptTheLine();
     void invertedAndLogarithmic();
+    void panelsArePartOfThePicture();
     void longSeriesLookAsTheyAre();
     void pictureThatCannotBeWritten();
     void noDisplay();
@@ -326,6 +327,21 @@ void TestViewerProgram::invertedAndLogarithmic()
     QVERIFY(inkIn(inverted, kFirstColor, lowerRight) > 50);
     QCOMPARE(inkIn(inverted, kFirstColor, upperRight), 0);
     QVERIFY(linear != logarithmic);
+}
+
+void TestViewerProgram::panelsArePartOfThePicture()
+{
+    const QByteArray bytes("t,a\n0,2000\n1,1000\n2,100\n3,10\n4,1\n");
+    const QImage plain = screenshot(bytes, {});
+    const QRect below(QPoint(100, plain.height() - 160), QPoint(plain.width() - 20, plain.height() - 80));
+    const QRect beside(QPoint(plain.width() - 60, 60), QPoint(plain.width() - 1, 200));
+    QCOMPARE(inkIn(plain, kFirstColor, beside), 0);
+    // The strip has a line of its own, the panel a button in its colour.
+    const QImage strip = screenshot(bytes, {QStringLiteral("--overview")});
+    QVERIFY(inkIn(strip, kFirstColor, below) > 200);
+    const QImage panel = screenshot(bytes, {QStringLiteral("--channel-panel")});
+    QVERIFY(inkIn(panel, kFirstColor, beside) > 100);
+    QVERIFY(screenshot(bytes, {QStringLiteral("--edit-axes")}) != plain);
 }
 
 void TestViewerProgram::longSeriesLookAsTheyAre()

@@ -1,0 +1,27 @@
+#ifndef VIEWER_PLOTTEDSERIES_H
+#define VIEWER_PLOTTEDSERIES_H
+
+#include "axisfeed.h"
+
+#include <QtCore/QPointer>
+#include <QtCore/QVector>
+
+#include <ZrQtPlotWidgets/zrqtaxis.h>
+#include <ZrQtPlotWidgets/zrqtbufferedchannel.h>
+
+/// A column as it stands in a plot.
+struct PlottedSeries
+{
+    QPointer<ZrQtBufferedChannel> channel;
+    QPointer<ZrQtAxis> ownAxis; ///< the axis that wears the colour of the channel; null if it is shared
+    QVector<double> x;
+    QVector<double> values; ///< those of the file
+    QVector<double> drawn;  ///< the same, or their logarithms
+    QRectF extent;          ///< what the plot scales on
+    bool sorted = true;     ///< no x is smaller than the one before
+    AxisScale xScale = AxisScale::Numbers;
+
+    bool isShown() const { return channel && channel->isSelectedForDisplay(); }
+};
+
+#endif // VIEWER_PLOTTEDSERIES_H
