@@ -215,7 +215,7 @@ int main(int argc, char *argv[])
     }
     const QDir folder(QString::fromLocal8Bit(argv[1]));
     for (const Picture &picture : pictures) {
-        const QString file = folder.filePath(QLatin1String(picture.name) + QLatin1String(".png"));
+        const QString file = folder.filePath(QStringLiteral("%1.png").arg(QLatin1String(picture.name)));
         if (!imageOf(picture).save(file)) {
             std::fprintf(stderr, "Cannot write %s\n", qPrintable(file));
             return 1;
