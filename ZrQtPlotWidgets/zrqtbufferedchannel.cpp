@@ -73,12 +73,11 @@ void ZrQtBufferedChannelPrivate::share(const QVector<QPointF> &newPoints)
     }
 }
 
+/// The channel is updated first: Qt paints both twice if a plot that is a window is updated before its child.
 void ZrQtBufferedChannelPrivate::reportPoints()
 {
-    const QPointer<ZrQtBaseChannel> alive(q);
+    q->update();
     Q_EMIT q->dataChanged(cosyX, cosyY);
-    if (alive)
-        q->update();
 }
 
 /// Before the points change: the series shares them.
