@@ -3,23 +3,21 @@
 #include "internal/channeltransform_p.h"
 #include "internal/painterstate_p.h"
 #include "internal/polyline_p.h"
+#include "internal/reducedmarkers_p.h"
+#include "internal/reducedpolyline_p.h"
 #include "zrqtbufferedchannel_p.h"
 
 #include <QtCore/QPointer>
 #include <QtGui/QPainter>
 #include <QtGui/QPen>
 
+#include <algorithm>
 #include <cmath>
 
 namespace {
 
 // QPen prints a warning for a width outside of this range, at every paint.
 constexpr int widestPen = 32767;
-
-bool containsNaN(const QPointF &point)
-{
-    return std::isnan(point.x()) || std::isnan(point.y());
-}
 
 bool isBeyondSupportedRange(const QPointF &point)
 {
@@ -28,34 +26,98 @@ bool isBeyondSupportedRange(const QPointF &point)
 
 } // namespace
 
-bool ZrQtBufferedChannelPrivate::holds(const QVector<QPointF> &otherPoints) const
+/// Compares fuzzily, and block by block exactly before: that is nearly always enough, and needs no branches.
+/// NaN is equal to nothing.
+template <typename PointAt> bool ZrQtBufferedChannelPrivate::holds(int count, PointAt pointAt) const
 {
-    // NaN is equal to nothing. The comparison of vectors would overlook that where both share their data.
-    return !pointsContainNaN && points == otherPoints;
+    constexpr int block = 256;
+    if (count != points.size())
+        return false;
+    const QPointF *stored = points.constData();
+    for (int start = 0; start < count; start += block) {
+        const int end = std::min(start + block, count);
+        bool same = true;
+        for (int i = start; i < end; ++i) {
+            const QPointF point = pointAt(i);
+            same = same & (stored[i].x() == point.x()) & (stored[i].y() == point.y());
+        }
+        for (int i = start; i < end && !same; ++i) {
+            if (stored[i] != pointAt(i))
+                return false;
+        }
+    }
+    return true;
 }
 
-void ZrQtBufferedChannelPrivate::store(const QVector<QPointF> &newPoints)
+/// Writes over the old points where nobody else has them: fresh memory costs more than what is written to it.
+template <typename PointAt> void ZrQtBufferedChannelPrivate::fill(int count, PointAt pointAt)
 {
+    forgetSeries();
+    if (!points.isDetached())
+        points = QVector<QPointF>(); // resizing it would copy what is about to be overwritten
+    points.resize(count);
+    QPointF *stored = points.data();
+    for (int i = 0; i < count; ++i)
+        stored[i] = clippedPoint(pointAt(i));
+}
+
+void ZrQtBufferedChannelPrivate::share(const QVector<QPointF> &newPoints)
+{
+    forgetSeries();
     points = newPoints;
-    pointsContainNaN = false;
     for (int i = 0; i < newPoints.size(); ++i) {
         const QPointF &point = newPoints.at(i);
-        if (containsNaN(point))
-            pointsContainNaN = true;
         // Written only where needed, so that the vector stays shared with the caller.
         if (isBeyondSupportedRange(point))
             points[i] = clippedPoint(point);
     }
 }
 
-void ZrQtBufferedChannelPrivate::drawLine(QPainter &painter) const
+/// The channel is updated first: Qt paints both twice if a plot that is a window is updated before its child.
+void ZrQtBufferedChannelPrivate::reportPoints()
+{
+    q->update();
+    Q_EMIT q->dataChanged(cosyX, cosyY);
+}
+
+/// Before the points change: the series shares them.
+void ZrQtBufferedChannelPrivate::forgetSeries()
+{
+    series.clear();
+    seriesShown = false;
+}
+
+void ZrQtBufferedChannelPrivate::drawLine(QPainter &painter)
 {
     const QTransform snapped = withSnappedOffset(transform, canvas, q->width());
     if (!isFinite(snapped))
         return;
     const PainterState state(painter);
     painter.setWorldTransform(snapped, true);
-    drawPolyline(painter, points);
+    if (dataReduction)
+        drawReducedPolyline(painter, series);
+    else
+        drawPolyline(painter, points);
+}
+
+/// The index pays from the second picture of the same points on: a stream is faster without.
+void ZrQtBufferedChannelPrivate::prepareSeries()
+{
+    if (seriesShown)
+        series.buildIndex();
+    else
+        series.reset(points);
+    seriesShown = true;
+}
+
+void ZrQtBufferedChannelPrivate::drawMarkers(QPainter &painter)
+{
+    if (dataReduction) {
+        drawReducedMarkers(painter, series,
+                           {static_cast<MarkerShape>(pointStyle), pointSize, pointColor, transform, canvas});
+    } else {
+        q_func()->drawPoints(painter, points);
+    }
 }
 
 ZrQtBufferedChannel::ZrQtBufferedChannel(QWidget *parent)
@@ -85,16 +147,37 @@ void ZrQtBufferedChannel::paint(QPainter &painter)
     pen.setCosmetic(true);
     pen.setStyle(d->lineStyle);
     painter.setPen(pen);
+    if (d->dataReduction)
+        d->prepareSeries();
     if (d->lineWidth >= 1 && d->lineStyle != Qt::NoPen)
         d->drawLine(painter);
     if (d->pointSize > 0 && d->pointStyle != PointStyle_None)
-        drawPoints(painter, d->points);
+        d->drawMarkers(painter);
 }
 
 int ZrQtBufferedChannel::channelNr() const
 {
     Q_D(const ZrQtBufferedChannel);
     return d->channelNr;
+}
+
+bool ZrQtBufferedChannel::dataReduction() const
+{
+    Q_D(const ZrQtBufferedChannel);
+    return d->dataReduction;
+}
+
+void ZrQtBufferedChannel::setDataReduction(bool on)
+{
+    Q_D(ZrQtBufferedChannel);
+    if (d->dataReduction == on)
+        return;
+    d->dataReduction = on;
+    d->forgetSeries();
+    const QPointer<ZrQtBufferedChannel> alive(this);
+    Q_EMIT dataReductionChanged(on);
+    if (alive)
+        update();
 }
 
 int ZrQtBufferedChannel::reduceTo() const
@@ -108,11 +191,17 @@ void ZrQtBufferedChannel::setData(const QVector<double> &dataX, const QVector<do
         qWarning("dataX and dataY have different sizes");
         return;
     }
-    QVector<QPointF> points;
-    points.reserve(dataX.size());
-    for (int i = 0; i < dataX.size(); ++i)
-        points.append(QPointF(dataX.at(i), dataY.at(i)));
-    setData(points);
+    const auto pointAt
+        = [x = dataX.constData(), y = dataY.constData()](int i) { return QPointF(x[i], y[i]); };
+    Q_D(ZrQtBufferedChannel);
+    const QPointer<ZrQtBufferedChannel> alive(this);
+    const QRectF extent = extentOfPoints(dataX.size(), pointAt);
+    if (!d->holds(dataX.size(), pointAt)) {
+        d->fill(dataX.size(), pointAt);
+        d->reportPoints();
+    }
+    if (alive)
+        setBoundingRect(extent);
 }
 
 void ZrQtBufferedChannel::setData(const QVector<double> &dataX, const QVector<double> &dataY,
@@ -121,21 +210,12 @@ void ZrQtBufferedChannel::setData(const QVector<double> &dataX, const QVector<do
     if (dataX.size() != dataY.size())
         return;
     Q_D(ZrQtBufferedChannel);
-    if (!d->points.isDetached())
-        d->points = QVector<QPointF>(); // resizing it would copy what is about to be overwritten
-    d->points.resize(dataX.size());
-    d->pointsContainNaN = false;
-    QPointF *stored = d->points.data();
-    for (int i = 0; i < dataX.size(); ++i) {
-        stored[i] = clippedPoint(QPointF(dataX.at(i), dataY.at(i)));
-        d->pointsContainNaN = d->pointsContainNaN || containsNaN(stored[i]);
-    }
+    d->fill(dataX.size(),
+            [x = dataX.constData(), y = dataY.constData()](int i) { return QPointF(x[i], y[i]); });
     const QPointer<ZrQtBufferedChannel> alive(this);
     setBoundingRect(boundingRect);
     if (alive)
-        Q_EMIT dataChanged(d->cosyX, d->cosyY);
-    if (alive)
-        update();
+        d->reportPoints();
 }
 
 void ZrQtBufferedChannel::setData(const QVector<QPointF> &points)
@@ -148,11 +228,9 @@ void ZrQtBufferedChannel::setData(const QVector<QPointF> &points, const QRectF &
     Q_D(ZrQtBufferedChannel);
     const QPointer<ZrQtBufferedChannel> alive(this);
     const QRectF newBoundingRect = boundingRect;
-    if (!d->holds(points)) {
-        d->store(points);
-        Q_EMIT dataChanged(d->cosyX, d->cosyY);
-        if (alive)
-            update();
+    if (!d->holds(points.size(), [&points](int i) { return points.at(i); })) {
+        d->share(points);
+        d->reportPoints();
     }
     if (alive)
         setBoundingRect(newBoundingRect);
@@ -160,11 +238,11 @@ void ZrQtBufferedChannel::setData(const QVector<QPointF> &points, const QRectF &
 
 void ZrQtBufferedChannel::setData(const QVector<double> &dataY, double startIdx, double step)
 {
-    QVector<QPointF> points;
-    points.reserve(dataY.size());
+    QVector<QPointF> points(dataY.size());
+    QPointF *point = points.data();
     double x = startIdx;
     for (const double y : dataY) {
-        points.append(QPointF(x, y));
+        *point++ = QPointF(x, y);
         x += step;
     }
     setData(points);

@@ -27,6 +27,7 @@ class ZRQTPLOTWIDGETS_EXPORT ZrQtBufferedChannel : public ZrQtBaseChannel
 {
     Q_OBJECT
     Q_PROPERTY(int channelNr READ channelNr WRITE setChannelNr)
+    Q_PROPERTY(bool dataReduction READ dataReduction WRITE setDataReduction NOTIFY dataReductionChanged)
 
 public:
     explicit ZrQtBufferedChannel(QWidget *parent = nullptr);
@@ -38,8 +39,9 @@ public:
     /// Draws the polyline, if lineWidth() is at least 1, and the markers, if pointSize() is at least 1.
     /// Nothing while the widget is hidden.
     ///
-    /// A line that is one pixel wide is interrupted at points with NaN. What Qt makes of them in wider lines
-    /// is not defined, and may smear across the plot: split the series at the gap into several channels.
+    /// Without dataReduction(), a line that is one pixel wide is interrupted at points with NaN. What Qt
+    /// makes of them in wider lines is not defined, and may smear across the plot: split the series at the
+    /// gap into several channels.
     ///
     /// The polyline is moved to whole pixels, so that a series that scrolls in small steps does not shimmer.
     /// On purpose this counts from the left edge of the canvas also while the x axis is inverted; markers are
@@ -49,8 +51,31 @@ public:
     /// A number that the application may attach to the channel; 0 at first. The library does not use it.
     int channelNr() const;
 
+    bool dataReduction() const;
+
+    /// Whether paint() draws only what makes a difference on the screen; false at first. Sends
+    /// dataReductionChanged() and repaints.
+    ///
+    /// If x ascends (NaN and equal neighbours allowed), a picture then costs as much for ten million samples
+    /// as for ten thousand: of the samples in one column of pixels the first, lowest, highest and last are
+    /// drawn, so that no spike is lost. The picture is that of the plain line, but for single pixels at the
+    /// tips of dense zigzags. From the second picture of the same data on, an index speeds up the search; it
+    /// takes some 4 % of the memory of the points. If x does not ascend, every sample is drawn, but wide and
+    /// antialiased lines in short pieces, which does not take minutes. Markers that fall on the same pixel
+    /// are drawn once.
+    ///
+    /// NaN and infinity in a coordinate is a gap, whatever the width of the line.
+    ///
+    /// The plain line is the right choice for a few thousand samples, for translucent lines, which grow
+    /// darker where many samples lie above each other only if all are drawn, and for dashed ones, whose
+    /// dashes begin at the first sample that is drawn. Both are reduced as well, but differ from the plain
+    /// line where a column holds many samples. On a printer, in a PDF or QPicture, and under a painter that
+    /// is turned or sheared, every sample is drawn in any case.
+    void setDataReduction(bool on);
+
     /// The number of pixel columns that the channel covers: its width, and 0 if it is narrower than a pixel.
-    /// For callers that want to thin their data; the channel itself draws every point.
+    /// For callers that want to thin their data; the channel itself draws every point unless dataReduction()
+    /// is on.
     int reduceTo() const;
 
 public Q_SLOTS:
@@ -85,6 +110,10 @@ public Q_SLOTS:
 
     /// Removes all points and sets a null bounding rectangle.
     void clear() override;
+
+Q_SIGNALS:
+    /// After setDataReduction() changed the property.
+    void dataReductionChanged(bool on);
 
 private:
     Q_DISABLE_COPY(ZrQtBufferedChannel)

@@ -6,6 +6,7 @@
 // from version to version without notice, or even be removed.
 //
 
+#include "internal/sampleseries_p.h"
 #include "zrqtbasechannel_p.h"
 #include "zrqtbufferedchannel.h"
 
@@ -26,14 +27,22 @@ public:
 
     ZrQtBufferedChannel *q_func() const { return static_cast<ZrQtBufferedChannel *>(q); }
 
-    [[nodiscard]] bool holds(const QVector<QPointF> &otherPoints) const;
-    void store(const QVector<QPointF> &newPoints);
-    void drawLine(QPainter &painter) const;
+    /// The points are `pointAt(0)` to `pointAt(count - 1)`.
+    template <typename PointAt> [[nodiscard]] bool holds(int count, PointAt pointAt) const;
+    template <typename PointAt> void fill(int count, PointAt pointAt);
+    void share(const QVector<QPointF> &newPoints);
+    void forgetSeries();
+    void reportPoints();
+    void drawLine(QPainter &painter);
+    void drawMarkers(QPainter &painter);
+    void prepareSeries();
 
     QVector<QPointF> points; // data units, clipped to the supported range
     int channelNr = 0;
     QRectF boundingRect; // data units, edges clipped
-    bool pointsContainNaN = false;
+    bool dataReduction = false;
+    SampleSeries series;      // what is known of the points; empty as long as nobody needs it
+    bool seriesShown = false; // that the points were painted since they changed
 };
 
 #endif // ZRQTBUFFEREDCHANNEL_P_H

@@ -1,42 +1,6 @@
 #include "coordinaterange_p.h"
 
-#include <QtGui/QPolygonF>
-
 #include <cmath>
-#include <limits>
-
-namespace {
-
-struct Range
-{
-    double low = std::numeric_limits<double>::max();
-    double high = -std::numeric_limits<double>::max();
-
-    [[nodiscard]] bool isEmpty() const { return !(low <= high); }
-
-    void include(double value)
-    {
-        if (value < low)
-            low = value;
-        if (value > high)
-            high = value;
-    }
-};
-
-QRectF extentOfClippedNumbers(const QVector<QPointF> &points)
-{
-    Range x;
-    Range y;
-    for (const QPointF &point : points) {
-        x.include(clippedCoordinate(point.x()));
-        y.include(clippedCoordinate(point.y()));
-    }
-    if (x.isEmpty() || y.isEmpty())
-        return QRectF();
-    return QRectF(QPointF(x.low, y.low), QPointF(x.high, y.high));
-}
-
-} // namespace
 
 QRectF clippedRect(const QRectF &rect)
 {
@@ -49,11 +13,18 @@ QRectF clippedRect(const QRectF &rect)
                   QPointF(clippedCoordinate(rect.right()), clippedCoordinate(rect.bottom())));
 }
 
+QRectF PointExtent::rect() const
+{
+    if (m_x.isEmpty() || m_y.isEmpty())
+        return QRectF();
+    // A far edge alone may be infinite, clipping mends it.
+    if (std::isfinite(m_x.low) && std::isfinite(m_y.low))
+        return QRectF(m_x.low, m_y.low, m_x.high - m_x.low, m_y.high - m_y.low);
+    return QRectF(QPointF(clippedCoordinate(m_x.low), clippedCoordinate(m_y.low)),
+                  QPointF(clippedCoordinate(m_x.high), clippedCoordinate(m_y.high)));
+}
+
 QRectF extentOfPoints(const QVector<QPointF> &points)
 {
-    const QRectF extent = QPolygonF(points).boundingRect();
-    // With an infinite low edge the far edge is NaN; a far edge alone may be infinite, clipping mends it.
-    const bool lowEdgesUsable = std::isfinite(extent.left()) && std::isfinite(extent.top());
-    const bool highEdgesUsable = !std::isnan(extent.right()) && !std::isnan(extent.bottom());
-    return lowEdgesUsable && highEdgesUsable ? extent : extentOfClippedNumbers(points);
+    return extentOfPoints(points.size(), [&points](int i) { return points.at(i); });
 }

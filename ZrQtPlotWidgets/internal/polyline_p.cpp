@@ -3,6 +3,8 @@
 #include "painterstate_p.h"
 
 #include <QtCore/QLineF>
+#include <QtGui/QPaintDevice>
+#include <QtGui/QPaintEngine>
 #include <QtGui/QPainter>
 #include <QtGui/QPen>
 
@@ -57,6 +59,19 @@ std::optional<QLineF> segmentWithin(const QPointF &from, const QPointF &to, cons
     return transposed(line);
 }
 
+/// Clips to all that can be painted on, which changes no pixel: without any clip Qt looks at the clip of the
+/// device for every single pixel of a thin line.
+void clipToDevice(QPainter &painter)
+{
+    if (painter.paintEngine()->type() != QPaintEngine::Raster || painter.viewTransformEnabled())
+        return;
+    const QTransform transform = painter.worldTransform();
+    painter.setWorldTransform(QTransform());
+    painter.setClipRect(QRect(0, 0, painter.device()->width(), painter.device()->height()),
+                        Qt::IntersectClip);
+    painter.setWorldTransform(transform);
+}
+
 } // namespace
 
 bool isTooLongForDashes(const QPainter &painter, const QPointF *corners, int count)
@@ -74,6 +89,8 @@ bool isTooLongForDashes(const QPainter &painter, const QPointF *corners, int cou
 void drawPolyline(QPainter &painter, const QVector<QPointF> &points)
 {
     if (!isTooLongForDashes(painter, points.constData(), points.size())) {
+        const PainterState state(painter);
+        clipToDevice(painter);
         painter.drawPolyline(points.constData(), points.size());
         return;
     }

@@ -1,6 +1,7 @@
 #include "internal/polyline_p.h"
 
 #include "shared/quiettest.h"
+#include "shared/seriesshapes.h"
 
 #include <QtCore/QElapsedTimer>
 #include <QtGui/QImage>
@@ -38,6 +39,8 @@ private Q_SLOTS:
     void isCutAtTheBox();
     void ordinaryLineIsLeftToQt_data();
     void ordinaryLineIsLeftToQt();
+    void speedCostsNoPixel_data();
+    void speedCostsNoPixel();
     void absurdCoordinatesEnd_data();
     void absurdCoordinatesEnd();
     void absurdLineIsStillSeen();
@@ -90,6 +93,54 @@ void TestPolyline::ordinaryLineIsLeftToQt()
     const QImage qts = picture(pen, transform, [&](QPainter &painter) { painter.drawPolyline(points); });
     QCOMPARE(ours, qts);
     QVERIFY(ours != picture(pen, transform, [](QPainter &) {}));
+}
+
+void TestPolyline::speedCostsNoPixel_data()
+{
+    QTest::addColumn<Points>("points");
+    QTest::addColumn<bool>("antialiased");
+    QTest::addColumn<bool>("clipped");
+    for (const bool antialiased : {false, true}) {
+        for (const bool clipped : {false, true}) {
+            const auto addRow = [=](const char *name, const Points &points) {
+                QTest::addRow("%s, antialiased %d, clipped %d", name, antialiased, clipped)
+                    << points << antialiased << clipped;
+            };
+            addRow("noise", SeriesShapes::noise(3000));
+            addRow("random walk", SeriesShapes::randomWalk(3000));
+            addRow("sine", SeriesShapes::sine(3000));
+            addRow("gaps", SeriesShapes::gaps(3000));
+        }
+    }
+}
+
+void TestPolyline::speedCostsNoPixel()
+{
+    QFETCH(Points, points);
+    QFETCH(bool, antialiased);
+    QFETCH(bool, clipped);
+    QPen pen(QColor(0, 0, 255, antialiased ? 200 : 255), 1);
+    pen.setCosmetic(true);
+    const QTransform inside(110, 0, 0, 0, -35, 0, 5, 40, 1);
+    const QTransform reachingBeyond(300, 0, 0, 0, -95, 0, -90.3, 40.6, 1);
+    const QTransform turned = QTransform(inside).rotate(20);
+    for (const QTransform &transform : {inside, reachingBeyond, turned}) {
+        for (const bool inWindow : {false, true}) {
+            const auto prepared = [&](auto draw) {
+                return picture(pen, transform, [&](QPainter &painter) {
+                    painter.setRenderHint(QPainter::Antialiasing, antialiased);
+                    if (clipped)
+                        painter.setClipRect(QRectF(0.2, -0.5, 0.3, 1));
+                    if (inWindow)
+                        painter.setWindow(-10, -10, 300, 200);
+                    draw(painter);
+                });
+            };
+            const QImage ours = prepared([&](QPainter &painter) { drawPolyline(painter, points); });
+            QCOMPARE(ours, prepared([&](QPainter &painter) { painter.drawPolyline(points); }));
+            QVERIFY(ours != prepared([](QPainter &) {}));
+        }
+    }
 }
 
 void TestPolyline::absurdCoordinatesEnd_data()

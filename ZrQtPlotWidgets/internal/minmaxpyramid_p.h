@@ -1,0 +1,35 @@
+#ifndef MINMAXPYRAMID_P_H
+#define MINMAXPYRAMID_P_H
+
+#include "sampleextent_p.h"
+
+#include <QtCore/QPointF>
+#include <QtCore/QVector>
+
+/// Finds the extent of y in `count` points.
+using ExtentScan = SampleExtent (*)(const QPointF *points, int count);
+
+/// The scan that counts every y but NaN.
+[[nodiscard]] SampleExtent extentOfY(const QPointF *points, int count);
+
+/// An index that tells the extent of y in any part of a series in a time that grows with the logarithm of its
+/// length. It takes some 4 % of the memory of the series, whose points it does not keep: every question needs
+/// the same points again.
+class MinMaxPyramid
+{
+public:
+    [[nodiscard]] bool isEmpty() const { return m_levels.isEmpty(); }
+
+    /// `scan` decides which points count, here and in extent().
+    void build(const QPointF *points, int count, ExtentScan scan = extentOfY);
+    void clear() { m_levels.clear(); }
+
+    /// The extent of y in the points from `begin` up to, and without, `end`.
+    [[nodiscard]] SampleExtent extent(const QPointF *points, int begin, int end) const;
+
+private:
+    ExtentScan m_scan = extentOfY;
+    QVector<QVector<SampleExtent>> m_levels; // the finest first; only whole blocks
+};
+
+#endif // MINMAXPYRAMID_P_H

@@ -1,0 +1,159 @@
+#include "ZrQtPlotWidgets/zrqtaxis.h"
+#include "ZrQtPlotWidgets/zrqtbufferedchannel.h"
+#include "ZrQtPlotWidgets/zrqtplot.h"
+#include "shared/plotprobe.h"
+#include "shared/quiettest.h"
+#include "shared/seriesshapes.h"
+
+#include <QtCore/QHash>
+#include <QtTest/QSignalSpy>
+
+#include <functional>
+
+namespace {
+
+/// Counts the events of one type, by receiver.
+class EventCount : public QObject
+{
+public:
+    explicit EventCount(QEvent::Type type)
+        : m_type(type)
+    {
+        qApp->installEventFilter(this);
+    }
+
+    int of(const QObject *receiver) const { return m_counts.value(receiver); }
+    void reset() { m_counts.clear(); }
+
+protected:
+    bool eventFilter(QObject *receiver, QEvent *event) override
+    {
+        if (event->type() == m_type)
+            ++m_counts[receiver];
+        return false;
+    }
+
+private:
+    QEvent::Type m_type;
+    QHash<const QObject *, int> m_counts;
+};
+
+enum class Place { OwnWindow, Embedded };
+
+/// A shown plot with four axes and two channels, in a window of its own or inside of one.
+class Scene
+{
+public:
+    explicit Scene(Place place)
+    {
+        QWidget *window = plot;
+        if (place == Place::Embedded) {
+            plot->setParent(&m_window);
+            window = &m_window;
+            plot->move(20, 20);
+        }
+        window->resize(700, 500);
+        plot->resize(600, 400);
+        for (const Qt::Edge edge : {Qt::LeftEdge, Qt::RightEdge, Qt::TopEdge, Qt::BottomEdge}) {
+            axes.append(new ZrQtAxis(plot));
+            axes.last()->setPosition(edge);
+        }
+        for (int i = 0; i < 2; ++i) {
+            channels.append(new ZrQtBufferedChannel(plot));
+            channels.last()->setData(SeriesShapes::sine(100));
+        }
+        plot->show();
+        window->show();
+        exposed = QTest::qWaitForWindowExposed(window);
+        settle(plot);
+    }
+
+    ~Scene()
+    {
+        if (!plot->parent())
+            delete plot;
+    }
+
+    ZrQtPlot *plot = new ZrQtPlot;
+    QVector<ZrQtAxis *> axes;
+    QVector<ZrQtBufferedChannel *> channels;
+    bool exposed = false;
+
+private:
+    QWidget m_window;
+};
+
+using Change = std::function<void(Scene &)>;
+
+} // namespace
+
+Q_DECLARE_METATYPE(Place)
+Q_DECLARE_METATYPE(Change)
+
+/// How often things are painted, laid out and computed for one change.
+class TestPaintCount : public QuietTest
+{
+    Q_OBJECT
+
+private Q_SLOTS:
+    void changePaintsOnce_data();
+    void changePaintsOnce();
+};
+
+void TestPaintCount::changePaintsOnce_data()
+{
+    QTest::addColumn<Place>("place");
+    QTest::addColumn<bool>("viaPlot");
+    QTest::addColumn<Change>("change");
+    QTest::addColumn<bool>("paintsAll"); // otherwise the plot and the first channel
+
+    const Change sameExtent = [](Scene &scene) {
+        SeriesShapes::Points points = SeriesShapes::sine(100);
+        points[50].ry() *= 0.5;
+        scene.channels.first()->setData(points);
+    };
+    const Change newExtent = [](Scene &scene) {
+        scene.channels.first()->setData(SeriesShapes::Points{{0, 0}, {3, 4}, {9, 9}});
+    };
+    const Change canvas = [](Scene &scene) { scene.plot->setCanvas(QRectF(0.2, -0.3, 0.4, 0.5), ZrQtPlot::COSY_0); };
+    const Change size = [](Scene &scene) { scene.plot->resize(640, 430); };
+    for (const Place place : {Place::Embedded, Place::OwnWindow}) {
+        for (const bool viaPlot : {false, true}) {
+            const auto addRow = [=](const char *name, const Change &change, bool paintsAll) {
+                QTest::addRow("%s%s%s", name, place == Place::Embedded ? ", embedded" : "",
+                              viaPlot ? ", via the plot" : "")
+                    << place << viaPlot << change << paintsAll;
+            };
+            addRow("data within the same extent", sameExtent, false);
+            addRow("data with a new extent", newExtent, true);
+            addRow("canvas", canvas, true);
+            addRow("size", size, true);
+        }
+    }
+}
+
+void TestPaintCount::changePaintsOnce()
+{
+    QFETCH(Place, place);
+    QFETCH(bool, viaPlot);
+    QFETCH(Change, change);
+    QFETCH(bool, paintsAll);
+    Scene scene(place);
+    QVERIFY(scene.exposed);
+    scene.plot->setControlChannelUpdatesViaPlot(viaPlot);
+    QApplication::processEvents();
+
+    EventCount paints(QEvent::Paint);
+    change(scene);
+    QApplication::processEvents();
+    QApplication::processEvents();
+    QCOMPARE(paints.of(scene.plot), 1);
+    QCOMPARE(paints.of(scene.channels.first()), 1);
+    for (const ZrQtBufferedChannel *channel : std::as_const(scene.channels))
+        QVERIFY(paints.of(channel) <= 1);
+    for (const ZrQtAxis *axis : std::as_const(scene.axes))
+        QVERIFY(paints.of(axis) == 1 || (!paintsAll && paints.of(axis) == 0));
+}
+
+QTEST_MAIN(TestPaintCount)
+#include "tst_zrqtplot_paintcount.moc"
