@@ -289,7 +289,8 @@ void ZrQtPlotPrivate::childRemoved(QObject *child)
 
 void ZrQtPlotPrivate::raiseTopmost()
 {
-    if (m_slider && m_slider->parent() == q)
+    // On its way to another parent the slider still names this one.
+    if (m_slider && q->children().contains(m_slider))
         m_slider->raise();
     else if (!m_slider && m_overlay)
         m_overlay->raise();
