@@ -185,8 +185,10 @@ void ZrQtPlotPrivate::placeAxes(const Margins &margins)
             continue;
         const bool vertical = directionOf(axis->position()) == ZrQtPlot::Axis_Y;
         axis->setMarginLow(vertical ? margins.bottom : margins.left);
-        axis->setMarginHigh(vertical ? margins.top : margins.right);
-        fillEmptyCanvas(axis);
+        if (plot && m_axes.contains(axis))
+            axis->setMarginHigh(vertical ? margins.top : margins.right);
+        if (plot && m_axes.contains(axis))
+            fillEmptyCanvas(axis);
         if (!plot)
             return;
         if (!m_axes.contains(axis))
