@@ -111,6 +111,7 @@ bool ZrQtPlot::event(QEvent *event)
 
 void ZrQtPlotPrivate::handleOwnEvent(QEvent *event)
 {
+    const QPointer<ZrQtPlot> plot(q);
     switch (event->type()) {
     case QEvent::ChildAdded:
         childAdded(static_cast<QChildEvent *>(event)->child());
@@ -124,7 +125,8 @@ void ZrQtPlotPrivate::handleOwnEvent(QEvent *event)
     case QEvent::Resize:
     case QEvent::GraphicsSceneResize:
         layOut();
-        emitCanvasesOfChannels();
+        if (plot)
+            emitCanvasesOfChannels();
         break;
     case QEvent::LayoutRequest:
         layOut();
@@ -134,7 +136,8 @@ void ZrQtPlotPrivate::handleOwnEvent(QEvent *event)
     default:
         return;
     }
-    settleChildOrder();
+    if (plot)
+        settleChildOrder();
 }
 
 /// With a fixed aspect ratio the visible ranges follow the size of the plot area. Once for each channel, also
@@ -143,14 +146,17 @@ void ZrQtPlotPrivate::emitCanvasesOfChannels()
 {
     if (!keepAspectRatio)
         return;
+    const QPointer<ZrQtPlot> plot(q);
     const QList<ZrQtBaseChannel *> channels = m_channels;
     for (ZrQtBaseChannel *channel : channels) {
+        if (!plot)
+            return;
         if (!m_channels.contains(channel))
             continue;
         const CoordinateSystem cosyX = channel->cosyX();
         const CoordinateSystem cosyY = channel->cosyY();
         emitCanvas(cosyX);
-        if (cosyY != cosyX)
+        if (plot && cosyY != cosyX)
             emitCanvas(cosyY);
     }
 }
@@ -159,8 +165,10 @@ void ZrQtPlot::resizeEvent(QResizeEvent *)
 {
     Q_D(ZrQtPlot);
     d->m_forceRedraw = true;
+    const QPointer<ZrQtPlot> plot(this);
     d->layOut();
-    d->emitUsedCanvases();
+    if (plot)
+        d->emitUsedCanvases();
 }
 
 /// The children were shown just before; only now does the legend know which channels are visible.

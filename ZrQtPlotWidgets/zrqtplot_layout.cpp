@@ -13,6 +13,9 @@ namespace {
 
 constexpr int leastPlotSize = 20;
 
+// Two of them and the least plot area are the largest size that a widget may ask for.
+constexpr int mostMargin = (QWIDGETSIZE_MAX - leastPlotSize) / 2;
+
 // An axis whose size depends on its margins may ask for a further layout; two axes that never agree must not
 // keep the application busy.
 constexpr int mostPasses = 8;
@@ -127,8 +130,9 @@ QVector<ZrQtAxis *> ZrQtPlotPrivate::visibleAxes() const
 /// below the plot area, those of horizontal axes to its left and right.
 ZrQtPlotPrivate::Margins ZrQtPlotPrivate::marginsAroundPlotArea() const
 {
+    const auto widen = [](int &margin, int size) { margin = std::min(margin + size, mostMargin); };
     Margins margins;
-    margins.bottom = m_legendHeight;
+    widen(margins.bottom, m_legendHeight);
     int beyondVertical = 0;
     int beyondHorizontal = 0;
     const QVector<ZrQtAxis *> axes = visibleAxes();
@@ -136,27 +140,29 @@ ZrQtPlotPrivate::Margins ZrQtPlotPrivate::marginsAroundPlotArea() const
         const int beyond = std::max(axis->minMarginLow(), axis->minMarginHigh());
         switch (axis->position()) {
         case Qt::LeftEdge:
-            margins.left += axis->width();
+            widen(margins.left, axis->width());
             beyondVertical = std::max(beyondVertical, beyond);
             break;
         case Qt::RightEdge:
-            margins.right += axis->width();
+            widen(margins.right, axis->width());
             beyondVertical = std::max(beyondVertical, beyond);
             break;
         case Qt::TopEdge:
-            margins.top += axis->height();
+            widen(margins.top, axis->height());
             beyondHorizontal = std::max(beyondHorizontal, beyond);
             break;
         case Qt::BottomEdge:
-            margins.bottom += axis->height();
+            widen(margins.bottom, axis->height());
             beyondHorizontal = std::max(beyondHorizontal, beyond);
             break;
         }
     }
-    margins.top = std::max({minMarginTop, margins.top, beyondVertical});
-    margins.bottom = std::max({minMarginBottom, margins.bottom, beyondVertical});
-    margins.left = std::max({minMarginLeft, margins.left, beyondHorizontal});
-    margins.right = std::max({minMarginRight, margins.right, beyondHorizontal});
+    const auto widest
+        = [](std::initializer_list<int> wishes) { return std::min(std::max(wishes), mostMargin); };
+    margins.top = widest({minMarginTop, margins.top, beyondVertical});
+    margins.bottom = widest({minMarginBottom, margins.bottom, beyondVertical});
+    margins.left = widest({minMarginLeft, margins.left, beyondHorizontal});
+    margins.right = widest({minMarginRight, margins.right, beyondHorizontal});
     return margins;
 }
 
@@ -179,8 +185,10 @@ void ZrQtPlotPrivate::placeAxes(const Margins &margins)
             continue;
         const bool vertical = directionOf(axis->position()) == ZrQtPlot::Axis_Y;
         axis->setMarginLow(vertical ? margins.bottom : margins.left);
-        axis->setMarginHigh(vertical ? margins.top : margins.right);
-        fillEmptyCanvas(axis);
+        if (plot && m_axes.contains(axis))
+            axis->setMarginHigh(vertical ? margins.top : margins.right);
+        if (plot && m_axes.contains(axis))
+            fillEmptyCanvas(axis);
         if (!plot)
             return;
         if (!m_axes.contains(axis))

@@ -267,6 +267,8 @@ private:
     void afterChannelLeft(ZrQtBaseChannel *channel);
     void emitCanvasesOfChannels();
     void unparent(QWidget *widget);
+    bool isChild(QWidget *widget) const;
+    void letGo(ZrQtBaseChannel *channel);
     void adopt(QWidget *widget);
     void disconnectBothWays(QObject *leaving);
     void endOrphanedHolds();

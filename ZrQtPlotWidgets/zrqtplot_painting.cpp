@@ -91,8 +91,10 @@ void ZrQtPlotPrivate::redrawImage(bool resized)
     QPainter painter(&m_image);
     // Not translated, on purpose: the frame lies off by the corner of the plot area.
     paintFrame(painter);
-    for (ZrQtBaseChannel *channel : std::as_const(m_channels)) {
-        if (channel->isVisible())
+    const QList<ZrQtBaseChannel *> channels = m_channels;
+    for (ZrQtBaseChannel *channel : channels) {
+        // What another one paints is code of the application, which may have deleted it.
+        if (m_channels.contains(channel) && channel->isVisible())
             channel->paint(painter);
     }
     const PainterState saved(painter);

@@ -23,6 +23,18 @@ template <typename Widget> Widget *withAddress(const QList<Widget *> &widgets, c
     return found == widgets.cend() ? nullptr : *found;
 }
 
+/// What QWidget::setParent() does in its midst to a widget that is shown. The signals of a channel that is
+/// hidden may end it, and Qt does not expect that there.
+void hideForNewParent(ZrQtBaseChannel *channel)
+{
+    if (!channel->testAttribute(Qt::WA_WState_Created) || channel->isHidden())
+        return;
+    const QPointer<ZrQtBaseChannel> alive(channel);
+    channel->hide();
+    if (alive)
+        channel->setAttribute(Qt::WA_WState_ExplicitShowHide, false);
+}
+
 } // namespace
 
 /// Makes the plot the parent and makes sure that it hears of the end of \a widget.
@@ -44,11 +56,17 @@ void ZrQtPlotPrivate::disconnectBothWays(QObject *leaving)
     }
 }
 
-/// Takes the parent away, unless the widget has another one or is on its way to it: then it is no longer
-/// among the plot's children.
+/// Not so for a widget that is on its way to another parent: it still names this one, but is no longer among
+/// the children.
+bool ZrQtPlotPrivate::isChild(QWidget *widget) const
+{
+    return q->children().contains(widget);
+}
+
+/// Takes the parent away, unless the widget has another one or is on its way to it.
 void ZrQtPlotPrivate::unparent(QWidget *widget)
 {
-    if (widget->parent() == q && q->children().contains(widget))
+    if (isChild(widget))
         widget->setParent(nullptr);
 }
 
@@ -70,7 +88,6 @@ void ZrQtPlotPrivate::addAxis(ZrQtAxis *axis)
         connectAxisToChannel(axis, channel);
     applyAxisCursor();
     layOut();
-    q->update();
 }
 
 void ZrQtPlotPrivate::connectAxisToChannel(ZrQtAxis *axis, ZrQtBaseChannel *channel)
@@ -96,9 +113,10 @@ void ZrQtPlotPrivate::removeAxis(ZrQtAxis *axis)
     // Every receiver, on purpose: an axis that left its plot inverts nothing any more.
     QObject::disconnect(axis, &ZrQtAxis::axisInverted, nullptr, nullptr);
     disconnectBothWays(axis);
+    const QPointer<ZrQtPlot> plot(q);
     const QPointer<ZrQtAxis> alive(axis);
     layOut();
-    if (alive)
+    if (plot && alive)
         unparent(axis);
 }
 
@@ -107,13 +125,20 @@ void ZrQtPlotPrivate::addChannel(ZrQtBaseChannel *channel)
     if (!channel || m_channels.contains(channel))
         return;
     m_channels.append(channel);
-    // Re-parenting a widget that is shown hides it through its virtual setVisible().
+    // Each signal may make the application delete or remove the channel, or delete the plot.
+    const QPointer<ZrQtPlot> plot(q);
+    const auto isGone = [&] { return !plot || !m_channels.contains(channel); };
     const bool selected = channel->isSelectedForDisplay();
+    if (channel->parent() != q)
+        hideForNewParent(channel);
+    if (isGone())
+        return;
     adopt(channel);
+    if (isGone())
+        return;
     if (selected && (channel->isHidden() || !channel->isSelectedForDisplay()))
         channel->setVisible(true);
-    // Each signal may make the application delete or remove the channel.
-    if (!m_channels.contains(channel))
+    if (isGone())
         return;
     // A child without it swallows the moves that the plot's cursor and tooltip follow.
     channel->setMouseTracking(true);
@@ -121,18 +146,24 @@ void ZrQtPlotPrivate::addChannel(ZrQtBaseChannel *channel)
     if (qobject_cast<ZrQtPlotChannel *>(channel))
         openOverlay();
     channel->onCanvasChanged(state(channel->cosyX()).effectiveCanvas, channel->cosyX());
+    if (isGone())
+        return;
     if (channel->cosyY() != channel->cosyX())
         channel->onCanvasChanged(state(channel->cosyY()).effectiveCanvas, channel->cosyY());
+    if (isGone())
+        return;
     connectChannel(channel);
     for (ZrQtAxis *axis : std::as_const(m_axes))
         connectAxisToChannel(axis, channel);
 
     const CoordinateSystem cosyY = channel->cosyY();
     refit(channel->cosyX(), ZrQtPlot::Axis_X);
-    refit(cosyY, ZrQtPlot::Axis_Y);
-    layOut();
-    q->update();
-    raiseTopmost();
+    if (plot)
+        refit(cosyY, ZrQtPlot::Axis_Y);
+    if (plot)
+        layOut();
+    if (plot)
+        raiseTopmost();
 }
 
 /// Lets the overlay take mouse events, so that they can be offered to channels that the user edits.
@@ -159,8 +190,11 @@ void ZrQtPlotPrivate::connectChannel(ZrQtBaseChannel *channel)
         trackBoundingRect(channel, rect, Tracking::Incremental);
     });
     QObject::connect(channel, &ZrQtBaseChannel::visibilityChanged, q, [this, channel](bool visible) {
+        const QPointer<ZrQtPlot> plot(q);
         if (!visible)
             trackBoundingRect(channel, channel->boundingRect(), Tracking::Forced);
+        if (!plot)
+            return;
         m_forceRedraw = true;
         q->update();
     });
@@ -177,10 +211,11 @@ void ZrQtPlotPrivate::connectChannel(ZrQtBaseChannel *channel)
 
 void ZrQtPlotPrivate::onChannelSystemChanged(ZrQtBaseChannel *channel, CoordinateSystem cosy)
 {
+    const QPointer<ZrQtPlot> plot(q);
     releaseChannel(channel);
-    if (m_channels.contains(channel) && channel->isSelectedForDisplay())
+    if (plot && m_channels.contains(channel) && channel->isSelectedForDisplay())
         trackBoundingRect(channel, channel->boundingRect(), Tracking::Incremental);
-    if (m_channels.contains(channel))
+    if (plot && m_channels.contains(channel))
         channel->onCanvasChanged(QRectF(state(cosy).effectiveCanvas), cosy);
 }
 
@@ -191,29 +226,46 @@ void ZrQtPlotPrivate::removeChannel(ZrQtBaseChannel *channel)
     m_channels.removeAll(channel);
     m_channelStack.removeAll(channel);
     disconnectBothWays(channel);
+    const QPointer<ZrQtPlot> plot(q);
     const QPointer<ZrQtBaseChannel> alive(channel);
     layOut();
-    if (alive) {
-        // What the application asked for outlives the hiding that comes with the loss of the parent, so that
-        // the channel is shown again wherever it is added next.
-        const bool selected = channel->isSelectedForDisplay();
+    if (plot && alive)
+        letGo(channel);
+    if (plot)
+        afterChannelLeft(channel);
+}
+
+/// What the application asked for outlives the hiding that comes with the loss of the parent, so that the
+/// channel is shown again wherever it is added next.
+void ZrQtPlotPrivate::letGo(ZrQtBaseChannel *channel)
+{
+    const QPointer<ZrQtPlot> plot(q);
+    const QPointer<ZrQtBaseChannel> alive(channel);
+    const bool selected = channel->isSelectedForDisplay();
+    if (isChild(channel))
+        hideForNewParent(channel);
+    if (plot && alive)
         unparent(channel);
-        channel->m_d->selectedForDisplay = selected;
-        channel->m_d->updatesViaPlot = false;
-    }
-    afterChannelLeft(channel);
+    if (!alive)
+        return;
+    channel->m_d->selectedForDisplay = selected;
+    channel->m_d->updatesViaPlot = false;
 }
 
 /// What a channel leaves behind, whether it was removed or deleted. \a channel is only compared.
 void ZrQtPlotPrivate::afterChannelLeft(ZrQtBaseChannel *channel)
 {
+    const QPointer<ZrQtPlot> plot(q);
     releaseChannel(channel);
+    if (!plot)
+        return;
     // Always COSY_0, on purpose, whatever systems the channel used.
     const CosyState &first = state(ZrQtPlot::COSY_0);
     if (first.x.scaling == ZrQtPlot::AutoFit || first.y.scaling == ZrQtPlot::AutoFit)
         return;
     returnToAutoFit(ZrQtPlot::COSY_0, ZrQtPlot::Axis_X);
-    returnToAutoFit(ZrQtPlot::COSY_0, ZrQtPlot::Axis_Y);
+    if (plot)
+        returnToAutoFit(ZrQtPlot::COSY_0, ZrQtPlot::Axis_Y);
 }
 
 void ZrQtPlotPrivate::addCustomWidget(QWidget *widget)
@@ -253,8 +305,10 @@ void ZrQtPlotPrivate::forget(QObject *dying)
         disconnectBothWays(dying);
         m_channels.removeAll(channel);
         m_channelStack.removeAll(channel);
+        const QPointer<ZrQtPlot> plot(q);
         layOut();
-        afterChannelLeft(channel);
+        if (plot)
+            afterChannelLeft(channel);
     } else if (QWidget *widget = withAddress(m_customWidgets, dying)) {
         m_customWidgets.removeAll(widget);
     }
@@ -289,8 +343,7 @@ void ZrQtPlotPrivate::childRemoved(QObject *child)
 
 void ZrQtPlotPrivate::raiseTopmost()
 {
-    // A slider on its way to another parent still names this one, but cannot be raised any more.
-    if (m_slider && q->children().contains(m_slider))
+    if (m_slider && isChild(m_slider))
         m_slider->raise();
     else if (!m_slider && m_overlay)
         m_overlay->raise();

@@ -18,8 +18,10 @@ void ZrQtPlotPrivate::setSlider(ZrQtPlotSlider *slider)
         if (!m_plotRect.isNull())
             slider->setGeometry(m_plotRect.toRect());
     }
+    const QPointer<ZrQtPlot> plot(q);
     emitUsedCanvases();
-    raiseTopmost();
+    if (plot)
+        raiseTopmost();
 }
 
 void ZrQtPlotPrivate::releaseSlider(ZrQtPlotSlider *slider)
@@ -49,9 +51,12 @@ void ZrQtPlot::connectSlider(ZrQtPlotSlider *slider)
     Q_D(ZrQtPlot);
     if (!slider)
         return;
-    connect(slider, &ZrQtPlotSlider::selectionChanged, this, &ZrQtPlot::setCanvas);
-    connect(this, &ZrQtPlot::canvasChanged, slider, &ZrQtPlotSlider::onSlaveCanvasChanged);
-    d->m_drivingSliders.append(slider);
+    connect(slider, &ZrQtPlotSlider::selectionChanged, this, &ZrQtPlot::setCanvas, Qt::UniqueConnection);
+    connect(this, &ZrQtPlot::canvasChanged, slider, &ZrQtPlotSlider::onSlaveCanvasChanged,
+            Qt::UniqueConnection);
+    d->m_drivingSliders.removeAll(nullptr);
+    if (!d->m_drivingSliders.contains(slider))
+        d->m_drivingSliders.append(slider);
     d->emitUsedCanvases();
 }
 

@@ -109,7 +109,9 @@ double TimeFormat::toResolution(double time, double reference) const
     if (m_finest->source == TimeSource::Elapsed)
         return reference + wholeElapsedUnits(time - reference, *m_finest->unit);
     const double clock = clockTime(time, reference);
-    return time + (startOfLocalUnit(clock, *m_finest->unit) - clock);
+    const double start = startOfLocalUnit(clock, *m_finest->unit);
+    // The way back from the clock rounds: a start that is a hair too early is labelled with the unit before.
+    return reference == 0.0 ? start : time + (start - clock);
 }
 
 QVector<TimeLevel> parseTimeLevels(const QByteArray &latin1)

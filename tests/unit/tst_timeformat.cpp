@@ -91,6 +91,7 @@ private Q_SLOTS:
     void resolution_data();
     void resolution();
     void resolutionWithReference();
+    void resolutionIsExact();
     void resolutionOfElapsedUnits();
     void levels_data();
     void levels();
@@ -542,6 +543,13 @@ void TestTimeFormat::resolutionWithReference()
     const double start = endOfJanuary + 34 * minute;
     // The clock starts at midnight, so its hours begin 34 minutes past those of the day.
     QCOMPARE(TimeFormat("%hh").toResolution(start + 2.5 * hour, start), start + 2 * hour);
+}
+
+void TestTimeFormat::resolutionIsExact()
+{
+    const TimeZone berlin("Europe/Berlin");
+    const double dayStart = TimeFormat("%dd").toResolution(2261634.5098039214);
+    QVERIFY2(dayStart == -hour, qPrintable(QString::number(dayStart + hour)));
 }
 
 void TestTimeFormat::resolutionOfElapsedUnits()

@@ -35,6 +35,7 @@ private Q_SLOTS:
     void sizes_data();
     void sizes();
     void marginsLargerThanThePlot();
+    void marginsLargerThanAWidgetMayBe();
     void strangeEnumerators();
     void hiddenPlot();
     void manyChannels();
@@ -480,6 +481,18 @@ void tst_ZrQtPlotBadInput::marginsLargerThanThePlot()
         settle(scene.plot);
         scene.verifyUsable();
     }
+}
+
+void tst_ZrQtPlotBadInput::marginsLargerThanAWidgetMayBe()
+{
+    ZrQtPlot plot;
+    plot.setMinMarginLeft(std::numeric_limits<int>::max());
+    plot.setMinMarginTop(std::numeric_limits<int>::max());
+    QVERIFY(plot.minimumWidth() > 1000000);
+    plot.setMinMarginRight(std::numeric_limits<int>::max());
+    plot.setMinMarginBottom(std::numeric_limits<int>::max());
+    QVERIFY(plot.minimumWidth() <= QWIDGETSIZE_MAX);
+    QVERIFY(plot.minimumHeight() <= QWIDGETSIZE_MAX);
 }
 
 void tst_ZrQtPlotBadInput::strangeEnumerators()

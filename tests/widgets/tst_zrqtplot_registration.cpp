@@ -59,6 +59,7 @@ private Q_SLOTS:
     void overlayLetsTheMouseThrough();
     void overlayTakesTheMouseForEditableChannels();
     void sliderIsAboveTheOverlay();
+    void sliderLeavesForAnotherPlot();
 };
 
 namespace {
@@ -929,6 +930,19 @@ void tst_ZrQtPlotRegistration::sliderIsAboveTheOverlay()
     QCOMPARE(log.take(), QStringList{PlotLog::canvas(0, 10, 0, 10, C0)});
     QCOMPARE(lastChild(scene.plot), overlayOf(scene.plot));
     delete slider;
+}
+
+void tst_ZrQtPlotRegistration::sliderLeavesForAnotherPlot()
+{
+    ZrQtPlot first;
+    ZrQtPlot second;
+    auto *slider = new ZrQtPlotSlider(&first);
+    new ZrQtBufferedChannel(&first);
+    QObjectList others = first.children();
+    others.removeOne(slider);
+    second.addSlider(slider);
+    QCOMPARE(slider->parentWidget(), &second);
+    QCOMPARE(first.children(), others);
 }
 
 QTEST_MAIN(tst_ZrQtPlotRegistration)

@@ -26,6 +26,7 @@ private Q_SLOTS:
 
     void connectingPlacesTheHandles();
     void connectingNullDoesNothing();
+    void connectingTwiceConnectsOnce();
     void draggingAnEdgeMovesTheSlave();
     void draggingTheMiddleMovesTheSlave();
     void slaveKeepsItsYRange();
@@ -194,6 +195,20 @@ void TestPlotSliderCoupling::connectingNullDoesNothing()
     QSignalSpy spy(m_slave, &ZrQtPlot::canvasChanged);
     m_slave->connectSlider(nullptr);
     QCOMPARE(spy.count(), 0);
+}
+
+void TestPlotSliderCoupling::connectingTwiceConnectsOnce()
+{
+    class CountingSlider : public ZrQtPlotSlider
+    {
+    public:
+        using QObject::receivers;
+    };
+    ZrQtPlot slave;
+    CountingSlider slider;
+    slave.connectSlider(&slider);
+    slave.connectSlider(&slider);
+    QCOMPARE(slider.receivers(SIGNAL(selectionChanged(QRectF, ZrQtPlot::CoordinateSystem, bool))), 1);
 }
 
 void TestPlotSliderCoupling::draggingAnEdgeMovesTheSlave()
