@@ -15,19 +15,22 @@ set(CPACK_DEB_COMPONENT_INSTALL ON)
 set(CPACK_DEBIAN_FILE_NAME DEB-DEFAULT)
 set(CPACK_DEBIAN_PACKAGE_SHLIBDEPS ON)
 set(CPACK_DEBIAN_PACKAGE_SHLIBDEPS_PRIVATE_DIRS ${PROJECT_BINARY_DIR}/ZrQtPlotWidgets)
+# Programs that are packaged against the library depend on its version or a newer one.
+set(CPACK_DEBIAN_PACKAGE_GENERATE_SHLIBS ON)
+set(CPACK_DEBIAN_PACKAGE_GENERATE_SHLIBS_POLICY ">=")
 set(runtime libzrqtplotwidgets${PROJECT_VERSION_MAJOR})
 set(same_version "${runtime} (= ${PROJECT_VERSION})")
 
 # The Designer plug-in is in here, since programs that load forms at run time need it, too.
 set(CPACK_DEBIAN_RUNTIME_PACKAGE_NAME ${runtime})
 set(CPACK_DEBIAN_RUNTIME_PACKAGE_SECTION libs)
-set(CPACK_DEBIAN_RUNTIME_PACKAGE_GENERATE_SHLIBS ON)
 set(CPACK_DEBIAN_RUNTIME_DESCRIPTION "Plots with axes, channels that the user can edit, and an overview slider, as
 widgets for programs on Qt 5 and for Qt Designer.")
 
 set(CPACK_DEBIAN_DEVELOPMENT_PACKAGE_NAME libzrqtplotwidgets-dev)
 set(CPACK_DEBIAN_DEVELOPMENT_PACKAGE_SECTION libdevel)
 set(CPACK_DEBIAN_DEVELOPMENT_PACKAGE_DEPENDS "${same_version}, qtbase5-dev (>= 5.15)")
+set(CPACK_DEBIAN_DEVELOPMENT_PACKAGE_SUGGESTS "qttools5-dev-tools")
 set(CPACK_DEBIAN_DEVELOPMENT_DESCRIPTION "Development files: headers, and what CMake, pkg-config
 and qmake need to find the library.")
 

@@ -110,7 +110,7 @@ void drawBufferedChannel(QPainter &painter)
         painter.drawEllipse(sample, 5.5, 5.5);
 }
 
-/// A rectangle with handles, a circle and a line.
+/// A rectangle with handles and a circle.
 void drawPlotChannel(QPainter &painter)
 {
     drawCard(painter, {2, 2, 60, 60});

@@ -16,7 +16,9 @@
 #include <QtWidgets/QLineEdit>
 #include <QtWidgets/QMdiSubWindow>
 
+#include <algorithm>
 #include <cstdio>
+#include <iterator>
 #include <memory>
 
 namespace {
@@ -138,6 +140,9 @@ void DesignerDriver::takePicture(QDesignerFormWindowInterface *form)
 {
     select(form, firstPlot(form));
     auto *filter = m_core->widgetBox()->findChild<QLineEdit *>();
+    check(filter, QStringLiteral("the widget box has no filter"));
+    if (!filter)
+        return;
     filter->setText(QStringLiteral("ZrQt"));
     QWidget *window = m_core->topLevel();
     window->resize(1560, 760);
@@ -203,6 +208,22 @@ void DesignerDriver::checkDeleting(QDesignerFormWindowInterface *form)
     check(managedWidgets(form).size() == 1, QStringLiteral("not every widget leaves again"));
 }
 
+/// What was loaded again in place of \a widget has the values that were tried in that round.
+void DesignerDriver::compareLoaded(const QWidget *loaded, const QWidget *widget, int round)
+{
+    if (!loaded || className(loaded) != className(widget)) {
+        check(false, className(widget) + QStringLiteral(" is lost"));
+        return;
+    }
+    for (const QMetaProperty &property : ownProperties(widget->metaObject())) {
+        const QVariant value = trialValues(property).value(round);
+        if (value.isValid() && property.isWritable()) {
+            check(holds(loaded, property, value),
+                  QStringLiteral("%1 of %2 is lost").arg(QLatin1String(property.name()), className(widget)));
+        }
+    }
+}
+
 /// Whatever an enumeration, flags or a colour can be is the same after Designer saved the form.
 void DesignerDriver::checkSaving(QDesignerFormWindowInterface *form)
 {
@@ -234,19 +255,10 @@ void DesignerDriver::checkSaving(QDesignerFormWindowInterface *form)
         for (const QString &path : QCoreApplication::libraryPaths())
             builder.addPluginPath(path + QLatin1String("/designer"));
         const std::unique_ptr<QWidget> loaded(builder.load(&buffer));
-        for (const QWidget *widget : managedWidgets(form)) {
-            const auto *other = loaded->findChild<QWidget *>(widget->objectName());
-            if (!other || className(other) != className(widget)) {
-                check(false, className(widget) + QStringLiteral(" is lost"));
-                continue;
-            }
-            for (const QMetaProperty &property : ownProperties(widget->metaObject())) {
-                const QVariant value = trialValues(property).value(round);
-                if (value.isValid() && property.isWritable())
-                    check(holds(other, property, value),
-                          QStringLiteral("%1 of %2 is lost")
-                              .arg(QLatin1String(property.name()), className(widget)));
-            }
-        }
+        check(loaded != nullptr, QStringLiteral("the saved form cannot be loaded"));
+        if (!loaded)
+            return;
+        for (const QWidget *widget : managedWidgets(form))
+            compareLoaded(loaded->findChild<QWidget *>(widget->objectName()), widget, round);
     }
 }

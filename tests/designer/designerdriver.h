@@ -29,6 +29,7 @@ private:
     void takePicture(QDesignerFormWindowInterface *form);
     void checkInserting(QDesignerFormWindowInterface *form);
     void checkDeleting(QDesignerFormWindowInterface *form);
+    void compareLoaded(const QWidget *loaded, const QWidget *widget, int round);
     void checkSaving(QDesignerFormWindowInterface *form);
 
     QDesignerFormEditorInterface *m_core = nullptr;

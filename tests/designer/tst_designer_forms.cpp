@@ -15,6 +15,7 @@
 #include <QtUiTools/QUiLoader>
 #include <QtWidgets/QLabel>
 
+#include <algorithm>
 #include <memory>
 
 // Forms that use the widgets: loaded at run time, and compiled by uic.

@@ -59,6 +59,13 @@ check_files("${files}" "${lib}/libZrQtPlotWidgets\\.so\\.${SOVERSION}" "${lib}/l
     "${lib}/qt5/plugins/designer/libZrQtPlotWidgets\\.so")
 check_depends(${runtime} "libqt5core5a \\(>= 5\\.15" libqt5gui5 libqt5widgets5 libstdc\\+\\+6 libc6)
 
+# Programs that are packaged against the library find there what to depend on.
+file(GLOB package ${BUILD_DIR}/${runtime}_${VERSION}_*.deb)
+execute_process(COMMAND ${DPKG_DEB} -I ${package} shlibs OUTPUT_VARIABLE shlibs COMMAND_ERROR_IS_FATAL ANY)
+if(NOT shlibs MATCHES "libZrQtPlotWidgets ${SOVERSION} ${runtime} \\(>= ${version}\\)")
+    message(FATAL_ERROR "The package says of its library: ${shlibs}")
+endif()
+
 unpack(libzrqtplotwidgets-dev files)
 check_files("${files}" "include/ZrQtPlotWidgets/[A-Za-z_]+(\\.h)?" "${lib}/cmake/ZrQtPlotWidgets/[A-Za-z-]+\\.cmake"
     "${lib}/libZrQtPlotWidgets\\.so" "${lib}/pkgconfig/ZrQtPlotWidgets\\.pc"
