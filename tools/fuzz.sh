@@ -29,7 +29,7 @@ target=${1:?the name of a target}
 build_preset fuzz "fuzz_$target"
 corpus=$root/build/fuzz/corpus/$target
 mkdir -p "$corpus"
-options=(-max_total_time="${2:-1800}" -max_len=600 -timeout=60 -print_final_stats=1 -artifact_prefix="$corpus/../")
+options=(-max_total_time="${2:-1800}" -max_len=600 -timeout=300 -print_final_stats=1 -artifact_prefix="$corpus/../")
 if [ -e "$root/tests/fuzz/$target.dict" ]; then
     options+=(-dict="$root/tests/fuzz/$target.dict")
 fi
