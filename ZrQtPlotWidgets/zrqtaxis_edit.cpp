@@ -52,7 +52,6 @@ void ZrQtAxisPrivate::initMinMaxEditFields()
 {
     minEdit = makeEditField();
     maxEdit = makeEditField();
-    applyPrecisionToEditFields();
     using Box = QAbstractSpinBox;
     QObject::connect(minEdit.spinBox, &Box::editingFinished, q, [this] { applyMinFromEditField(false); });
     QObject::connect(maxEdit.spinBox, &Box::editingFinished, q, [this] { applyMaxFromEditField(false); });
@@ -65,11 +64,12 @@ ZrQtAxisEditField ZrQtAxisPrivate::makeEditField()
     ZrQtAxisEditField field;
     field.scene = new QGraphicsScene(q);
 
-    // The scene takes the editors over. It comes before the range, because measuring numbers of 309 digits is
-    // most of what an axis costs.
+    // The scene takes the editors over. It and the decimals come before the range, because writing and
+    // measuring numbers of 309 digits is most of what an axis costs.
     field.spinBox = new QDoubleSpinBox;
     field.spinBoxProxy = field.scene->addWidget(field.spinBox);
     field.spinBoxProxy->hide();
+    field.spinBox->setDecimals(precision);
     field.spinBox->setRange(-LargestNumber, LargestNumber);
     field.spinBox->setButtonSymbols(QAbstractSpinBox::NoButtons);
     field.spinBox->setLocale(QLocale::c());

@@ -213,6 +213,7 @@ void ZrQtBufferedChannel::setData(const QVector<double> &dataX, const QVector<do
     d->fill(dataX.size(),
             [x = dataX.constData(), y = dataY.constData()](int i) { return QPointF(x[i], y[i]); });
     const QPointer<ZrQtBufferedChannel> alive(this);
+    update(); // before the rectangle makes the plot update itself, see reportPoints()
     setBoundingRect(boundingRect);
     if (alive)
         d->reportPoints();

@@ -121,11 +121,11 @@ bool ZrQtPlotPrivate::countsForExtent(ZrQtBaseChannel *channel, PlotAxis axis) c
 {
     if (!channel->isSelectedForDisplay() || !channel->useForScaling())
         return false;
-    const Extent extent = CanvasScaling::extentOf(channel->boundingRect(), toDirection(axis));
-    if (!std::isfinite(extent.low) || !std::isfinite(extent.high))
+    const QRectF rect = channel->boundingRect();
+    if (!useEmptyBoundingRectsForAutoFitScaling && !(CanvasScaling::sizeOf(rect, toDirection(axis)) > 0.0))
         return false;
-    return useEmptyBoundingRectsForAutoFitScaling
-           || CanvasScaling::sizeOf(channel->boundingRect(), toDirection(axis)) > 0.0;
+    const Extent extent = CanvasScaling::extentOf(rect, toDirection(axis));
+    return std::isfinite(extent.low) && std::isfinite(extent.high);
 }
 
 /// Computes the extent of the data of a system from all its channels. While it stays the same nothing

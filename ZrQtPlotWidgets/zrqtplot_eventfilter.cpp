@@ -110,6 +110,7 @@ void ZrQtPlotPrivate::announcePress(const QMouseEvent &event)
 ZrQtBaseChannel *ZrQtPlotPrivate::offerToChannels(QMouseEvent *event)
 {
     const QPointer<ZrQtPlot> plot(q);
+    updateChannelStack();
     const QList<ZrQtBaseChannel *> stack = m_channelStack;
     for (ZrQtBaseChannel *channel : stack) {
         // A slot of the application may have deleted it, or the whole plot.

@@ -234,7 +234,9 @@ void ZrQtPlotPrivate::placeOnPlotArea()
         m_overlay->setGeometry(area);
     const QList<ZrQtBaseChannel *> channels = m_channels;
     for (ZrQtBaseChannel *channel : channels) {
-        if (m_channels.contains(channel))
+        // A slot of the application may have removed it; as long as nobody changed the list, none is
+        // searched.
+        if (m_channels.isSharedWith(channels) || m_channels.contains(channel))
             setGeometryIfDifferent(channel, area);
     }
     const QList<QWidget *> widgets = m_customWidgets;

@@ -145,6 +145,7 @@ public:
     QList<ZrQtAxis *> m_axes;
     QList<QWidget *> m_customWidgets;
     QList<ZrQtBaseChannel *> m_channelStack; ///< the channels that are children, topmost first
+    bool m_channelStackIsOld = false;        ///< a channel came, or the order changed
     QPointer<QWidget> m_overlay;             ///< transparent layer above the channels
 
     QPointer<ZrQtPlotSlider> m_slider; ///< the overview slider that this plot is the master of
@@ -262,6 +263,7 @@ private:
     void childAdded(QObject *child);
     void childRemoved(QObject *child);
     void settleChildOrder();
+    void updateChannelStack();
     void raiseTopmost();
     void invertAxis(ZrQtAxis *axis);
     void afterChannelLeft(ZrQtBaseChannel *channel);

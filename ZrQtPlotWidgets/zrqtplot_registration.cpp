@@ -353,6 +353,15 @@ void ZrQtPlotPrivate::raiseTopmost()
 void ZrQtPlotPrivate::settleChildOrder()
 {
     raiseTopmost();
+    m_channelStackIsOld = true;
+}
+
+/// Only the mouse asks for the order; finding it out at every change makes many channels slow to add.
+void ZrQtPlotPrivate::updateChannelStack()
+{
+    if (!m_channelStackIsOld)
+        return;
+    m_channelStackIsOld = false;
     m_channelStack = q->findChildren<ZrQtBaseChannel *>(QString(), Qt::FindDirectChildrenOnly);
     std::reverse(m_channelStack.begin(), m_channelStack.end());
 }

@@ -1,6 +1,5 @@
 #include "reducedmarkers_p.h"
 
-#include "channeltransform_p.h"
 #include "columnreduction_p.h"
 #include "painterstate_p.h"
 
@@ -23,22 +22,24 @@ bool isFilled(MarkerShape shape)
     return shape == MarkerShape::Rectangle || shape == MarkerShape::Circle;
 }
 
-/// The samples whose markers may reach into `area`, which is in the pixels that `style` maps to.
-QVector<QPointF> pointsNear(SampleSeries &series, const MarkerStyle &style, const QRectF &area)
+/// Calls `visit` with each sample, and its pixel, whose marker may reach into `area`.
+template <typename Visit>
+void visitPointsNear(SampleSeries &series, const MarkerStyle &style, const QRectF &area, Visit visit)
 {
     const PixelMapping mapping(style.toPixel);
-    QVector<QPointF> points;
-    const QVector<IndexRange> ranges = visibleRanges(series, mapping, area.left(), area.right());
+    const double left = area.left();
+    const double right = area.right();
+    const double top = area.top();
+    const double bottom = area.bottom();
+    const QPointF *points = series.points().constData();
+    const QVector<IndexRange> ranges = visibleRanges(series, mapping, left, right);
     for (const IndexRange &range : ranges) {
         for (int i = range.begin; i < range.end; ++i) {
-            const QPointF &point = series.points().at(i);
-            const QPointF pixel = mapping.map(point);
-            if (pixel.x() >= area.left() && pixel.x() <= area.right() && pixel.y() >= area.top()
-                && pixel.y() <= area.bottom())
-                points.append(point);
+            const QPointF pixel = mapping.map(points[i]);
+            if (pixel.x() >= left && pixel.x() <= right && pixel.y() >= top && pixel.y() <= bottom)
+                visit(points[i], pixel);
         }
     }
-    return points;
 }
 
 /// A picture that collects markers.
@@ -53,6 +54,8 @@ public:
         , m_image(size + m_sprite.size(), QImage::Format_ARGB32_Premultiplied)
     {
         m_image.fill(Qt::transparent);
+        m_pixels = reinterpret_cast<QRgb *>(m_image.bits());
+        m_pixelsPerLine = m_image.bytesPerLine() / int(sizeof(QRgb));
         findSpans();
     }
 
@@ -69,22 +72,21 @@ public:
         if (taken)
             return;
         taken = true;
-        auto *pixels = reinterpret_cast<QRgb *>(m_image.bits());
-        const int pixelsPerLine = m_image.bytesPerLine() / int(sizeof(QRgb));
-        pixels += centre.y() * pixelsPerLine + centre.x();
+        QRgb *pixels = m_pixels + centre.y() * m_pixelsPerLine + centre.x();
         for (const Span &span : m_spans) {
-            QRgb *target = pixels + span.row * pixelsPerLine + span.start;
-            for (int i = 0; i < span.length; ++i)
-                target[i] = span.opaque ? span.source[i] : blended(span.source[i], target[i]);
+            QRgb *target = pixels + span.offset;
+            if (span.opaque)
+                std::fill_n(target, span.length, *span.source);
+            else
+                std::transform(span.source, span.source + span.length, target, target, blended);
         }
     }
 
 private:
-    /// Neighbouring pixels of the sprite that are all opaque or all translucent.
+    /// Neighbouring pixels of the sprite that are all translucent, or all opaque and thus of one colour.
     struct Span
     {
-        int row = 0;
-        int start = 0;
+        int offset = 0; ///< from the first pixel of the sprite, in pixels of the picture
         int length = 0;
         bool opaque = false;
         const QRgb *source = nullptr;
@@ -113,11 +115,12 @@ private:
                 const bool opaque = qAlpha(line[x]) == 255;
                 if (qAlpha(line[x]) == 0)
                     continue;
-                const bool goesOn = !m_spans.empty() && m_spans.back().row == row
-                                    && m_spans.back().start + m_spans.back().length == x
+                const int offset = row * m_pixelsPerLine + x;
+                const bool goesOn = !m_spans.empty()
+                                    && m_spans.back().offset + m_spans.back().length == offset
                                     && m_spans.back().opaque == opaque;
                 if (!goesOn)
-                    m_spans.push_back({row, x, 0, opaque, line + x});
+                    m_spans.push_back({offset, 0, opaque, line + x});
                 ++m_spans.back().length;
             }
         }
@@ -136,6 +139,8 @@ private:
     QImage m_sprite;
     std::vector<bool> m_taken; // by pixel
     QImage m_image;
+    QRgb *m_pixels = nullptr;
+    int m_pixelsPerLine = 0;
     std::vector<Span> m_spans;
 };
 
@@ -161,18 +166,24 @@ void drawReducedMarkers(QPainter &painter, SampleSeries &series, const MarkerSty
     painter.resetTransform();
     const QRect area = paintableArea(painter);
     const double reach = style.size + painter.pen().widthF() + 1.0;
-    const QVector<QPointF> points
-        = pointsNear(series, style, QRectF(area).adjusted(-reach, -reach, reach, reach));
+    const QRectF reachable = QRectF(area).adjusted(-reach, -reach, reach, reach);
     if (!isFilled(style.shape) || style.size > largestSprite || !hasWholePixels(painter)) {
+        QVector<QPointF> points;
+        visitPointsNear(series, style, reachable,
+                        [&points](const QPointF &point, const QPointF &) { points.append(point); });
         drawPointMarkers(painter, points, style);
         return;
     }
     // Markers whose centre is just outside of the picture reach into it.
     const QRect centres = area.adjusted(-style.size, -style.size, style.size, style.size);
     MarkerLayer layer(centres.size(), style, painter.testRenderHint(QPainter::Antialiasing));
-    for (const QPointF &point : points) {
-        if (style.canvas.contains(point))
-            layer.add(truncatedToPoint(style.toPixel.map(point)) - centres.topLeft());
-    }
+    const auto add = [&layer, canvas = style.canvas.normalized(),
+                      origin = centres.topLeft()](const QPointF &point, const QPointF &pixel) {
+        if (point.x() >= canvas.left() && point.x() <= canvas.right() && point.y() >= canvas.top()
+            && point.y() <= canvas.bottom())
+            layer.add(QPoint(static_cast<int>(pixel.x()), static_cast<int>(pixel.y())) - origin);
+    };
+    if (style.canvas.width() != 0.0 && style.canvas.height() != 0.0)
+        visitPointsNear(series, style, reachable, add);
     painter.drawImage(centres.topLeft() - layer.origin(), layer.image());
 }

@@ -24,16 +24,16 @@ SampleExtent extentBetweenGaps(const QPointF *points, int count)
     return extent;
 }
 
-/// Whether the samples after `before` have no gaps and go on in ascending order.
+/// Whether `count` samples after `before` have no gaps and go on in ascending order. The first and the last x
+/// tell of all between them.
 bool isPlain(const QPointF *points, int count, double before)
 {
+    if (!(points[0].x() >= before) || isGap(points[0]) || isGap(points[count - 1]))
+        return false;
     bool plain = true;
-    for (int i = 0; i < count; ++i) {
-        const double x = points[i].x();
-        // Without short cuts on purpose: nearly always all of it is true.
-        plain = plain & (x >= before) & (std::abs(x) < largestCoordinate)
-                & (std::abs(points[i].y()) < largestCoordinate);
-        before = x;
+    for (int i = 1; i < count; ++i) {
+        // Without short cuts on purpose: nearly always both are true.
+        plain = plain & (points[i].x() >= points[i - 1].x()) & (std::abs(points[i].y()) < largestCoordinate);
     }
     return plain;
 }

@@ -27,7 +27,7 @@ inline Points sampled(int count, const std::function<double(int)> &y)
 inline Points noise(int count)
 {
     std::mt19937 random(1);
-    return sampled(count, [&](int) { return random() * 2.0 / std::mt19937::max() - 1.0; });
+    return sampled(count, [&](int) { return double(random()) * 2.0 / std::mt19937::max() - 1.0; });
 }
 
 inline Points randomWalk(int count)
@@ -36,7 +36,7 @@ inline Points randomWalk(int count)
     double y = 0.0;
     double farthest = 1.0;
     Points points = sampled(count, [&](int) {
-        y += random() * 2.0 / std::mt19937::max() - 1.0;
+        y += double(random()) * 2.0 / std::mt19937::max() - 1.0;
         farthest = std::max(farthest, std::abs(y));
         return y;
     });
@@ -53,7 +53,8 @@ inline Points sine(int count)
 /// Ten levels, each held and then left at once.
 inline Points steps(int count)
 {
-    return sampled(count, [count](int i) { return (i * 10LL / std::max(1, count) * 7 % 10) / 5.0 - 0.9; });
+    return sampled(count,
+                   [count](int i) { return double(i * 10LL / std::max(1, count) * 7 % 10) / 5.0 - 0.9; });
 }
 
 /// Zero but for a few single samples.

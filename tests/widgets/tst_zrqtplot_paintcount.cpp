@@ -98,6 +98,8 @@ class TestPaintCount : public QuietTest
 private Q_SLOTS:
     void changePaintsOnce_data();
     void changePaintsOnce();
+    void panMovesNothing();
+    void repaintWithoutNewsPaintsNoChannel();
 };
 
 void TestPaintCount::changePaintsOnce_data()
@@ -115,7 +117,11 @@ void TestPaintCount::changePaintsOnce_data()
     const Change newExtent = [](Scene &scene) {
         scene.channels.first()->setData(SeriesShapes::Points{{0, 0}, {3, 4}, {9, 9}});
     };
-    const Change canvas = [](Scene &scene) { scene.plot->setCanvas(QRectF(0.2, -0.3, 0.4, 0.5), ZrQtPlot::COSY_0); };
+    const Change withRectangle = [](Scene &scene) {
+        scene.channels.first()->setData({0.0, 0.5, 1.0}, {0.0, 0.5, 0.9}, QRectF(0, 0, 1.0, 0.9));
+    };
+    const Change canvas
+        = [](Scene &scene) { scene.plot->setCanvas(QRectF(0.2, -0.3, 0.4, 0.5), ZrQtPlot::COSY_0); };
     const Change size = [](Scene &scene) { scene.plot->resize(640, 430); };
     for (const Place place : {Place::Embedded, Place::OwnWindow}) {
         for (const bool viaPlot : {false, true}) {
@@ -126,6 +132,7 @@ void TestPaintCount::changePaintsOnce_data()
             };
             addRow("data within the same extent", sameExtent, false);
             addRow("data with a new extent", newExtent, true);
+            addRow("data with a rectangle", withRectangle, false);
             addRow("canvas", canvas, true);
             addRow("size", size, true);
         }
@@ -153,6 +160,50 @@ void TestPaintCount::changePaintsOnce()
         QVERIFY(paints.of(channel) <= 1);
     for (const ZrQtAxis *axis : std::as_const(scene.axes))
         QVERIFY(paints.of(axis) == 1 || (!paintsAll && paints.of(axis) == 0));
+}
+
+void TestPaintCount::panMovesNothing()
+{
+    Scene scene(Place::Embedded);
+    QVERIFY(scene.exposed);
+    scene.plot->setCanvas(QRectF(0, 0, 1, 1), ZrQtPlot::COSY_0);
+    settle(scene.plot);
+    EventCount layouts(QEvent::LayoutRequest);
+    EventCount resizes(QEvent::Resize);
+    EventCount moves(QEvent::Move);
+    EventCount paints(QEvent::Paint);
+    for (int step = 1; step < 5; ++step) {
+        paints.reset();
+        scene.plot->setCanvas(QRectF(step * 0.2, step * 0.2, 1, 1), ZrQtPlot::COSY_0);
+        QApplication::processEvents();
+        for (ZrQtAxis *axis : std::as_const(scene.axes))
+            QCOMPARE(paints.of(axis), 1);
+    }
+    QVector<QWidget *> widgets{scene.plot};
+    for (ZrQtAxis *axis : std::as_const(scene.axes))
+        widgets.append(axis);
+    for (ZrQtBufferedChannel *channel : std::as_const(scene.channels))
+        widgets.append(channel);
+    for (const QWidget *widget : std::as_const(widgets))
+        QCOMPARE(layouts.of(widget) + resizes.of(widget) + moves.of(widget), 0);
+}
+
+void TestPaintCount::repaintWithoutNewsPaintsNoChannel()
+{
+    ZrQtPlot plot;
+    plot.resize(300, 200);
+    plot.setControlChannelUpdatesViaPlot(true);
+    plot.setPlotUpdateRestrictions(ZrQtPlot::RedrawOnDataChange);
+    ProbeChannel channel(&plot, QRectF(0, 0, 1, 1));
+    plot.show();
+    QVERIFY(QTest::qWaitForWindowExposed(&plot));
+    QApplication::processEvents();
+    const int before = channel.paintCount;
+    plot.repaint();
+    QCOMPARE(channel.paintCount, before);
+    channel.announceData();
+    plot.repaint();
+    QCOMPARE(channel.paintCount, before + 1);
 }
 
 QTEST_MAIN(TestPaintCount)
