@@ -129,6 +129,7 @@ void ZrQtAxisPrivate::updateSpinBoxDimensions()
         field.timeEditorProxy->setVisible(minMaxEditable && labelFormat == ZrQtAxis::TimePlusMs);
     }
     editMargin = minMaxEditable ? AxisGeometry::editMargin(tickTextRect.height()) : 0;
+    updateSpinBoxAlignment();
     if (!minMaxEditable)
         return;
 
@@ -145,7 +146,6 @@ void ZrQtAxisPrivate::updateSpinBoxDimensions()
         field.view->resize(turned ? size.transposed() : size);
         field.scene->setSceneRect(field.scene->itemsBoundingRect());
     }
-    updateSpinBoxAlignment();
 }
 
 void ZrQtAxisPrivate::updateSpinBoxAlignment()
@@ -210,8 +210,10 @@ QString ZrQtAxisPrivate::boundLabel(bool isMin)
     const double bound = isMin ? min : max;
     if (labelFormat == ZrQtAxis::TimePlusMs)
         return dateTimeAt(bound).toString(timeDisplayFormat());
-    QString text
-        = QString::fromLatin1(ZrTicks::fixedNumber(bound * unitFactor, std::min(precision, MostDecimals)));
+    // Ties go away from zero, as in the field.
+    QByteArray number = QByteArray::number(bound * unitFactor, 'f', std::clamp(precision, 0, MostDecimals));
+    ZrTicks::dropMinusOfZero(number);
+    const QString text = QString::fromLatin1(number);
     adaptPrecisionFromTickText(isMin ? minEdit.spinBox : maxEdit.spinBox, text);
     return text;
 }

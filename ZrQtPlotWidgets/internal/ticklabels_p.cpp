@@ -43,6 +43,13 @@ int decimalExponent(double value, bool multipleOfThree)
     return multipleOfThree ? int(std::floor(exponent / 3.0)) * 3 : int(std::floor(exponent));
 }
 
+void dropMinusOfZero(QByteArray &text)
+{
+    const auto isZero = [](char c) { return c == '-' || c == '0' || c == '.'; };
+    if (text.startsWith('-') && std::all_of(text.cbegin(), text.cend(), isZero))
+        text.remove(0, 1);
+}
+
 QByteArray fixedNumber(double value, int decimals)
 {
     // As printf does it in the "C" locale: exact ties go to the even digit.
@@ -50,9 +57,7 @@ QByteArray fixedNumber(double value, int decimals)
     const auto end = std::to_chars(buffer.data(), buffer.data() + buffer.size(), value,
                                    std::chars_format::fixed, std::clamp(decimals, 0, mostFixedDecimals));
     QByteArray text(buffer.data(), int(end.ptr - buffer.data()));
-    const auto isZero = [](char c) { return c == '-' || c == '0' || c == '.'; };
-    if (text.startsWith('-') && std::all_of(text.cbegin(), text.cend(), isZero))
-        text.remove(0, 1);
+    dropMinusOfZero(text);
     return text;
 }
 

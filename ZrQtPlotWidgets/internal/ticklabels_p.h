@@ -20,8 +20,11 @@ struct NumberStyle
 /// floor(log10 |value|), or with `multipleOfThree` the multiple of three at or below it; 0 for 0.
 [[nodiscard]] int decimalExponent(double value, bool multipleOfThree);
 
-/// `value` in fixed-point notation: as many decimals as asked for (at most 350), none for a negative number, a
-/// point whatever the locale, and no minus sign in front of zeros. Exact ties go to the even digit.
+/// Takes the sign from a plain number that shows nothing but zeros.
+void dropMinusOfZero(QByteArray &text);
+
+/// `value` in fixed-point notation: as many decimals as asked for (at most 350), none for a negative number,
+/// a point whatever the locale, and no minus sign in front of zeros. Exact ties go to the even digit.
 [[nodiscard]] QByteArray fixedNumber(double value, int decimals);
 
 /// The label of one tick: plain with `decimals` decimals, or a mantissa followed by "e", a sign and at least
