@@ -46,8 +46,7 @@ PlotReadout::PlotReadout(ZrQtPlot *plot, const Options &options)
 {
     plot->registerHoverCallback([this](double x, double) { return hoverText(x); });
     plot->setCursorShift(kTooltipShift);
-    connect(plot, qOverload<QRectF>(&ZrQtPlot::selectionChanged), this,
-            &PlotReadout::onRegionSelected);
+    connect(plot, qOverload<QRectF>(&ZrQtPlot::selectionChanged), this, &PlotReadout::onRegionSelected);
     connect(plot, qOverload<QLineF>(&ZrQtPlot::selectionChanged), this, &PlotReadout::onLineSelected);
     plot->installEventFilter(this);
 }

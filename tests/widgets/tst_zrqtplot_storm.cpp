@@ -124,10 +124,8 @@ private:
         m_plot->resize(600, 400);
         m_plot->show();
         m_plot->setMouseWheelZoom(true);
-        QObject::connect(m_plot, qOverload<QRectF>(&ZrQtPlot::selectionChanged),
-                         [this] { ++m_selections; });
-        QObject::connect(m_plot, qOverload<QLineF>(&ZrQtPlot::selectionChanged),
-                         [this] { ++m_selections; });
+        QObject::connect(m_plot, qOverload<QRectF>(&ZrQtPlot::selectionChanged), [this] { ++m_selections; });
+        QObject::connect(m_plot, qOverload<QLineF>(&ZrQtPlot::selectionChanged), [this] { ++m_selections; });
         QObject::connect(m_plot, &ZrQtPlot::mouseClicked, [this] { ++m_clicks; });
         QObject::connect(m_plot, &ZrQtPlot::canvasChanged, [this](const QRectF &canvas) {
             m_sizes += canvas.width() != m_lastWidth && canvas.isValid();
