@@ -293,7 +293,7 @@ void tst_DesignerForms::designability_data()
                           << QByteArrayList{"minMarginLow", "minMarginHigh"}
                           << QByteArrayList{"minMaxEditable"};
     QTest::newRow("buffered channel")
-        << QByteArray("ZrQtBufferedChannel") << ofChannels + QByteArrayList{"channelNr"}
+        << QByteArray("ZrQtBufferedChannel") << ofChannels + QByteArrayList{"channelNr", "dataReduction"}
         << QByteArrayList{"boundingRect"} << QByteArrayList{};
     // Designer has no editor for lists of shapes.
     QTest::newRow("plot channel") << QByteArray("ZrQtPlotChannel")

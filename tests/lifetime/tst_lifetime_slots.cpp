@@ -183,6 +183,7 @@ const Action actions[] = {
     {"setCosyX()", [](S &s) { if (s.buffered) s.buffered->setCosyX(ZrQtPlot::COSY_2); }},
     {"setCosyY()", [](S &s) { if (s.buffered) s.buffered->setCosyY(ZrQtPlot::COSY_2); }},
     {"setAntialiasing()", [](S &s) { if (s.buffered) s.buffered->setAntialiasing(true); }},
+    {"setDataReduction()", [](S &s) { if (s.buffered) s.buffered->setDataReduction(true); }},
     {"setUseForScaling()", [](S &s) { if (s.buffered) s.buffered->setUseForScaling(false); }},
     {"setInverted()", [](S &s) { if (s.axis) s.axis->setInverted(true); }},
     {"setPosition()", [](S &s) { if (s.axis) s.axis->setPosition(Qt::LeftEdge); }},
