@@ -198,7 +198,8 @@ void Stage::checkLists(const OpenPlot &plot) const
     checkList(state.m_axes, plot.findChildren<ZrQtAxis *>(QString(), Qt::FindDirectChildrenOnly).size());
     const int channels = plot.findChildren<ZrQtBaseChannel *>(QString(), Qt::FindDirectChildrenOnly).size();
     checkList(state.m_channels, channels);
-    checkList(state.m_channelStack, channels);
+    if (!state.m_channelStackIsOld)
+        checkList(state.m_channelStack, channels);
     checkList(state.m_customWidgets,
               plot.findChildren<ZrQtPlotChannelEdit *>(QString(), Qt::FindDirectChildrenOnly).size());
     for (const CosyState &record : state.m_cosys) {
