@@ -10,6 +10,7 @@
 #include "ZrQtPlotWidgets/zrqtplotslider.h"
 #include "shared/mouseprobe.h"
 
+#include <QtCore/QMetaEnum>
 #include <QtCore/QPointer>
 #include <QtWidgets/QApplication>
 #include <QtWidgets/QDateTimeEdit>
@@ -237,16 +238,16 @@ void Stage::checkTicks(const ZrQtAxis &axis) const
 void Stage::checkCanvases(const OpenPlot &plot) const
 {
     const auto &records = plot.state().m_cosys;
-    for (const CosyState &record : records) {
+    for (const Cosy cosy : records.keys()) {
+        if (!QMetaEnum::fromType<Cosy>().valueToKey(cosy))
+            continue; // a number that names no system shows nothing
         // Without data there is nothing to fit, and an axis lends its range to a canvas that shows nothing.
-        const QSizeF data = record.boundingRect.size();
-        const QSizeF canvas = record.canvas.size();
+        const QSizeF data = records.value(cosy).boundingRect.size();
+        const QSizeF canvas = records.value(cosy).canvas.size();
         require(canvas.width() > 0.0 || (canvas.width() == 0.0 && data.width() == 0.0),
                 "left is below right");
         require(canvas.height() > 0.0 || (canvas.height() == 0.0 && data.height() == 0.0),
                 "top is below bottom");
-    }
-    for (const Cosy cosy : records.keys()) {
         checkExtent(plot, cosy, ZrQtPlot::Axis_X);
         checkExtent(plot, cosy, ZrQtPlot::Axis_Y);
     }
@@ -273,11 +274,16 @@ void Stage::checkExtent(const OpenPlot &plot, Cosy cosy, ZrQtPlot::PlotAxis dire
     }
     if (low > high)
         return;
-    if (low == high) {
+    const CosyState record = state.m_cosys.value(cosy);
+    const CosyState::Direction &holders = isX ? record.x : record.y;
+    if (!holders.minChannel || !holders.maxChannel)
+        return; // where no channel counts in one direction, both let go of their extent, which stays
+    const QRectF tracked = record.boundingRect;
+    // A point gets a width, but not where it is at the place of the extent that is there from the start.
+    if (low == high && !(lowOf(tracked) == low && highOf(tracked) == high)) {
         low -= 0.5;
         high += 0.5;
     }
-    const QRectF tracked = state.m_cosys.value(cosy).boundingRect;
     require(std::fabs(lowOf(tracked) - low) < 1e-6 && std::fabs(highOf(tracked) - high) < 1e-6,
             "the extent of the data is up to date");
 }
