@@ -15,8 +15,6 @@ namespace {
 constexpr double kSecond = 1000.0;
 constexpr double kMinute = 60.0 * kSecond;
 constexpr double kDay = 1440.0 * kMinute;
-// From here on an axis names no dates, and days only; see AxisFeed.
-constexpr double kHoursOnly = 1.5 * kDay;
 constexpr double kMonthNames = 60.0 * kDay;
 
 constexpr int kDigits = 12;
