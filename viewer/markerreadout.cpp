@@ -41,12 +41,6 @@ QString table(const QString &rows)
     return QStringLiteral("<table cellspacing=\"0\" cellpadding=\"1\">%1</table>").arg(rows);
 }
 
-QString nameOf(const PlottedSeries &series)
-{
-    return QStringLiteral("<font color=\"%1\">\u25A0</font> %2")
-        .arg(series.channel->lineColor().name(), series.channel->name().toHtmlEscaped());
-}
-
 /// The value of one system that is drawn where \a value of another one is.
 double mapped(double value, double low, double size, double otherLow, double otherSize)
 {
@@ -122,7 +116,7 @@ QString MarkerReadout::lines(const QVector<double> &positions) const
         }
         if (both && !std::isnan(values.first()) && !std::isnan(values.last()))
             texts += Readout::numberDifferenceText(values.first(), values.last(), m_y.numberFormat);
-        rows += row(nameOf(series), texts);
+        rows += row(series.coloredName(), texts);
     }
     return table(rows);
 }
@@ -141,7 +135,7 @@ QString MarkerReadout::region(const ValueWindow &window) const
         QStringList texts = {QString::number(samples.count)};
         if (samples.count > 0)
             texts += {number(samples.mean), number(samples.minimum), number(samples.maximum)};
-        rows += row(nameOf(series), texts);
+        rows += row(series.coloredName(), texts);
     }
     const auto [left, right] = m_plot.xTexts(window.left, window.right);
     const QString x = tr("x: %1 to %2").arg(left, right);

@@ -38,6 +38,8 @@ private Q_SLOTS:
     void theReadoutFollowsTheDrag();
     void removedDuringADrag();
     void rebuiltDuringADrag();
+    void wheeledDuringADrag();
+    void loadedDuringADrag();
     void regionTellsStatistics();
     void regionIsResizedAndMoved();
     void movedRegionKeepsItsEnds();
@@ -196,6 +198,37 @@ void TestMarkerActions::rebuiltDuringADrag()
         scene.drag(there, there - QPoint(30, 0));
         QVERIFY(std::abs(scene.handle().x() - there.x() + 30) <= 2);
     }
+}
+
+void TestMarkerActions::wheeledDuringADrag()
+{
+    MarkerScene scene(ramps(11));
+    QVERIFY(scene.isReady());
+    scene.add("Add Marker Line");
+    const QPoint from = scene.line(0);
+    scene.press(from);
+    scene.point(from + QPoint(40, 0));
+    scene.wheel(scene.pixel(9, 10), 2);
+    scene.point(from + QPoint(80, 0));
+    scene.release(from + QPoint(80, 0));
+    // It stands on the value that is read from it.
+    const QVector<double> x = scene.numbers("Lines", QStringLiteral("x"), 1);
+    QVERIFY(std::abs(scene.line(0).x() - scene.pixel(x.first(), 0).x()) <= 1);
+}
+
+void TestMarkerActions::loadedDuringADrag()
+{
+    MarkerScene scene(ramps(11));
+    QVERIFY(scene.isReady());
+    scene.add("Add Region");
+    const QPoint from = scene.handle();
+    scene.press(from);
+    scene.point(from + QPoint(20, 0));
+    QVERIFY(scene.open("t,c\n100,1\n200,2\n"));
+    scene.point(from + QPoint(40, 0));
+    scene.release(from + QPoint(40, 0));
+    QVERIFY(!scene.panelIsOpen());
+    QVERIFY(scene.handle().isNull());
 }
 
 void TestMarkerActions::regionTellsStatistics()
@@ -443,14 +476,7 @@ void TestMarkerActions::otherFilesRemoveThem()
     MarkerScene scene(ramps(11));
     QVERIFY(scene.isReady());
     scene.add("Add Marker Line");
-    QTemporaryDir directory;
-    QFile other(directory.filePath(QStringLiteral("other.csv")));
-    QVERIFY(other.open(QIODevice::WriteOnly));
-    other.write("t,c\n100,1\n200,2\n");
-    other.close();
-    QSignalSpy opened(&scene.window, &MainWindow::opened);
-    scene.window.open({other.fileName()});
-    QVERIFY(opened.wait(10000));
+    QVERIFY(scene.open("t,c\n100,1\n200,2\n"));
     QVERIFY(!scene.panelIsOpen());
     QVERIFY(scene.plot()->findChildren<ZrQtPlotChannel *>().isEmpty());
 }
