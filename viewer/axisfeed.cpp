@@ -41,8 +41,6 @@ struct TimeLevel
 };
 
 constexpr double kAnySpan = 1e300;
-// Below this span a date axis writes times only.
-constexpr double kHoursOnly = 129600000.0;
 
 constexpr TimeLevel kDateLevels[] = {
     {2000.0, "%hh:%mm:%ss.%Ms", "00:00:00.000"},
@@ -91,6 +89,14 @@ bool isVertical(const ZrQtAxis *axis)
 double pixelLength(const ZrQtAxis *axis)
 {
     return (isVertical(axis) ? axis->height() : axis->width()) - axis->marginLow() - axis->marginHigh() - 1.0;
+}
+
+/// Of two numbers the one that takes more room.
+QString longer(double one, double other, int decimals)
+{
+    const QString first = QString::number(one, 'f', decimals);
+    const QString second = QString::number(other, 'f', decimals);
+    return first.size() > second.size() ? first : second;
 }
 
 QString superscript(int number)
@@ -144,19 +150,22 @@ void AxisFeed::setTimeFormat(const QString &format)
 {
     m_ownTimeFormat = format.isEmpty();
     if (!m_ownTimeFormat)
-        m_axis->setTimeFormat(format);
+        m_timeFormat = format;
     else if (m_scale == AxisScale::TimesOfDay)
-        m_axis->setTimeFormat(levelLines(kTimeOfDayLevels));
+        m_timeFormat = levelLines(kTimeOfDayLevels);
     else
-        m_axis->setTimeFormat(levelLines(kDateLevels));
+        m_timeFormat = levelLines(kDateLevels);
+    m_axis->setTimeFormat(m_timeFormat);
 }
 
 bool AxisFeed::eventFilter(QObject *watched, QEvent *event)
 {
-    const bool handled = QObject::eventFilter(watched, event);
-    if (event->type() == QEvent::Resize)
-        refresh();
-    return handled;
+    if (event->type() != QEvent::Resize)
+        return QObject::eventFilter(watched, event);
+    // Only after its own event does the axis tell what ticks there are in its new length.
+    watched->event(event);
+    refresh();
+    return true;
 }
 
 void AxisFeed::onCanvasChanged(const QRectF &canvas, ZrQtPlot::CoordinateSystem cosy)
@@ -179,8 +188,8 @@ void AxisFeed::refresh()
     const double high = vertical ? m_canvas.bottom() : m_canvas.right();
     switch (m_scale) {
     case AxisScale::Numbers:
-        if (m_editable)
-            showEditableNumbers(low, high);
+        if (const std::optional<int> decimals = decimalsForTyping(low, high); m_editable && decimals)
+            showEditableNumbers(low, high, *decimals);
         else
             showNumbers(low, high, m_label);
         break;
@@ -209,9 +218,7 @@ AxisNumbers AxisFeed::chooseNumbers(double low, double high)
         if (isVertical(m_axis))
             break;
         const double factor = std::pow(10.0, -numbers.unitExponent);
-        const QString lowest = QString::number(low * factor, 'f', numbers.decimals);
-        const QString highest = QString::number(high * factor, 'f', numbers.decimals);
-        distance = distanceFor(m_axis, lowest.size() > highest.size() ? lowest : highest);
+        distance = distanceFor(m_axis, longer(low * factor, high * factor, numbers.decimals));
     }
     m_axis->setTickDistance(distance);
     return numbers;
@@ -247,15 +254,13 @@ void AxisFeed::showNumbers(double low, double high, const QString &label)
 }
 
 /// Fields know no power of ten; their numbers stand for the canvas as they are.
-void AxisFeed::showEditableNumbers(double low, double high)
+void AxisFeed::showEditableNumbers(double low, double high, int decimals)
 {
-    const int decimals = decimalsForTyping(low, high);
-    const QString lowest = QString::number(low, 'f', decimals);
-    const QString highest = QString::number(high, 'f', decimals);
-    m_axis->setTickDistance(
-        isVertical(m_axis)
-            ? kLinesPerLabel * m_axis->fontMetrics().height()
-            : kRoomForField * distanceFor(m_axis, lowest.size() > highest.size() ? lowest : highest));
+    m_axis->setTickDistance(isVertical(m_axis)
+                                ? kLinesPerLabel * m_axis->fontMetrics().height()
+                                : kRoomForField * distanceFor(m_axis, longer(low, high, decimals)));
+    m_axis->setUnitFactor(1.0);
+    m_axis->setAxisLabel(m_label);
     m_axis->setLabelFormat(ZrQtAxis::FloatingPoint);
     m_axis->setMaxTicks(kMaxNumberTicks);
     m_axis->setShowBoundLabels(true);
@@ -290,11 +295,9 @@ void AxisFeed::showLogarithms(double low, double high)
 void AxisFeed::showTime(double low, double high)
 {
     const double span = high - low;
-    if (m_editable && span < kHoursOnly) {
-        showEditableTime(low, high);
-        return;
-    }
     const bool dateAxisFails = !(low > 0.0);
+    if (m_editable && !dateAxisFails && span < kHoursOnly && showEditableTime(low, high))
+        return;
     if (dateAxisFails || (m_ownTimeFormat && span > kManyYears)) {
         showNumbers(WallClock::year(low), WallClock::year(high), m_label);
         return;
@@ -303,24 +306,32 @@ void AxisFeed::showTime(double low, double high)
                                ? widestLabel(kDateLevels, span)
                                : widestLabel(kTimeOfDayLevels, span);
     m_axis->setUnitFactor(1.0);
-    m_axis->setLabelFormat(ZrQtAxis::DateTime);
     m_axis->setTickDistance(distanceFor(m_axis, widest));
     m_axis->setMaxTicks(kMaxTimeTicks);
     m_axis->setShowBoundLabels(false);
+    m_axis->setLabelFormat(ZrQtAxis::DateTime);
+    // Times between fields have their own.
+    m_axis->setTimeFormat(m_timeFormat);
     m_axis->setAxisLabel(timeLabel(low, high));
     m_axis->setMinMax(low, high);
 }
 
-void AxisFeed::showEditableTime(double low, double high)
+/// False if the axis is too short for times between its fields.
+bool AxisFeed::showEditableTime(double low, double high)
 {
     m_axis->setUnitFactor(1.0);
     m_axis->setLabelFormat(ZrQtAxis::TimePlusMs);
-    m_axis->setTickDistance(kRoomForField * distanceFor(m_axis, QStringLiteral("00:00:00.000")));
     m_axis->setMaxTicks(kMaxTimeTicks);
     m_axis->setShowBoundLabels(true);
     m_axis->setMinMaxEditable(true);
     m_axis->setAxisLabel(timeLabel(low, high));
     m_axis->setMinMax(low, high);
+    for (const double room : {kRoomForField, 1.0}) {
+        m_axis->setTickDistance(room * distanceFor(m_axis, QStringLiteral("00:00:00.000")));
+        if (!m_axis->tickPositions().isEmpty())
+            return true;
+    }
+    return false;
 }
 
 /// The labels of short ranges leave out the date: the label of the axis names it.

@@ -19,6 +19,9 @@ enum class AxisScale {
     TimesOfDay
 };
 
+/// Below this span, in milliseconds, a date axis writes times only.
+constexpr double kHoursOnly = 129600000.0;
+
 /// Stands between a plot and one of its axes, where the plot would hand its canvas over as it is:
 ///
 /// - Channels draw linearly, also beside a logarithmic axis. So the channels hold logarithms, and the axis is
@@ -47,8 +50,8 @@ public:
     void setTimeFormat(const QString &format);
 
     /// Lets the user type the ends of the range, as long as the axis shows the numbers or times of the
-    /// canvas: not years and powers, which a canvas does not count in, and not dates, for which an axis has
-    /// no field.
+    /// canvas: not years and powers, which a canvas does not count in, not dates, for which an axis has no
+    /// field, and not where the fields would leave no room for labels.
     void setEditable(bool on) { m_editable = on; }
 
     bool eventFilter(QObject *watched, QEvent *event) override;
@@ -60,13 +63,14 @@ private:
     void showNumbers(double low, double high, const QString &label);
     void showLogarithms(double low, double high);
     void showTime(double low, double high);
-    void showEditableNumbers(double low, double high);
-    void showEditableTime(double low, double high);
+    void showEditableNumbers(double low, double high, int decimals);
+    bool showEditableTime(double low, double high);
     QString timeLabel(double low, double high) const;
 
     ZrQtAxis *m_axis;
     AxisScale m_scale;
     QString m_label;
+    QString m_timeFormat;
     QRectF m_canvas;
     NumberFormat m_numberFormat = NumberFormat::Compact;
     bool m_hasCanvas = false;

@@ -7,6 +7,7 @@ namespace {
 
 constexpr int kMostDecimals = 15;
 constexpr double kTypedParts = 1000.0;
+constexpr double kLargestTyped = 1e15;
 constexpr double kLargestPlain = 1e6;
 constexpr double kSmallestPlain = 1e-3;
 constexpr double kSmallestSpan = 1e-5;
@@ -52,11 +53,13 @@ AxisNumbers axisNumbers(double low, double high, int maxTicks, double maxInterva
     return numbers;
 }
 
-int decimalsForTyping(double low, double high)
+std::optional<int> decimalsForTyping(double low, double high)
 {
     const double span = high - low;
     if (!std::isfinite(span) || !(span > 0.0))
-        return 0;
+        return std::nullopt;
     const double decimals = std::ceil(-std::log10(span / kTypedParts));
-    return static_cast<int>(std::clamp(decimals, 0.0, double(kMostDecimals)));
+    if (decimals > kMostDecimals || !(std::max(std::abs(low), std::abs(high)) < kLargestTyped))
+        return std::nullopt;
+    return static_cast<int>(std::max(decimals, 0.0));
 }

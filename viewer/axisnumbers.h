@@ -1,6 +1,8 @@
 #ifndef VIEWER_AXISNUMBERS_H
 #define VIEWER_AXISNUMBERS_H
 
+#include <optional>
+
 /// How a number axis writes its range.
 struct AxisNumbers
 {
@@ -17,7 +19,8 @@ int decimalsForTicks(double low, double high, int maxTicks, double maxIntervals)
 /// digits.
 AxisNumbers axisNumbers(double low, double high, int maxTicks, double maxIntervals);
 
-/// Decimals with which the ends of the range can be typed to about a thousandth of it. Between 0 and 15.
-int decimalsForTyping(double low, double high);
+/// Decimals with which the ends of the range can be typed to about a thousandth of it. None if these were
+/// more than 15, or an end had more than 15 digits before the point.
+std::optional<int> decimalsForTyping(double low, double high);
 
 #endif // VIEWER_AXISNUMBERS_H

@@ -1,11 +1,10 @@
 #ifndef VIEWER_CHANNELPANEL_H
 #define VIEWER_CHANNELPANEL_H
 
-#include "plotbuilder.h"
-
+#include <QtCore/QVector>
 #include <QtWidgets/QDockWidget>
 
-class QVBoxLayout;
+struct PlottedSeries;
 
 /// Lists the channels of a plot, each with a button that hides and shows it and one that opens a choice of
 /// colours.

@@ -28,7 +28,7 @@ constexpr OptionRow kOptions[] = {
     {"grid", "KIND", "none, ticks (the default), subticks, percent, pixels or polar"},
     {"legend", nullptr, "list the names and colours of the columns"},
     {"overview", nullptr, "show all data in a strip below the plot, to move it by"},
-    {"edit-axes", nullptr, "type the ends of the axes"},
+    {"edit-axes", nullptr, "type the ends of the axes; their numbers are plain then"},
     {"channel-panel", nullptr, "list the columns in a panel that hides and colours them"},
     {"label-format", "FORMAT", "values as floating, exponential or compact (the default)"},
     {"time-format", "FORMAT",

@@ -260,32 +260,31 @@ void MainWindow::rebuildPlot()
     m_reports = ::reports(m_datasets, m_series, m_options);
     if (m_looks.isEmpty())
         m_looks = defaultLooks(m_series);
-    const BuiltPlot built = replacePlot();
-    replaceOverview(built);
-    replaceChannels(built);
-    m_mouseActions->setPlot(built.plot);
-    m_markerActions->setPlot(built, m_options);
+    replacePlot();
+    replaceOverview();
+    replaceChannels();
+    m_mouseActions->setPlot(m_built.plot);
+    m_markerActions->setPlot(m_built, m_options);
     m_savePicture->setEnabled(true);
     showReading({});
     updateStatus();
 }
 
-BuiltPlot MainWindow::replacePlot()
+void MainWindow::replacePlot()
 {
-    const BuiltPlot built = buildPlot(m_datasets, m_series, m_looks, m_options, centralWidget());
-    connect(built.readout, &PlotReadout::changed, this, &MainWindow::showReading);
-    QWidget *previous = m_plot ? static_cast<QWidget *>(m_plot) : m_invitation;
-    delete m_layout->replaceWidget(previous, built.plot);
+    ZrQtPlot *previousPlot = m_built.plot;
+    m_built = buildPlot(m_datasets, m_series, m_looks, m_options, centralWidget());
+    connect(m_built.readout, &PlotReadout::changed, this, &MainWindow::showReading);
+    QWidget *previous = previousPlot ? static_cast<QWidget *>(previousPlot) : m_invitation;
+    delete m_layout->replaceWidget(previous, m_built.plot);
     previous->hide();
-    if (m_plot)
-        m_plot->deleteLater();
-    m_plot = built.plot;
+    if (previousPlot)
+        previousPlot->deleteLater();
     m_plotIsLogarithmic = m_options.logY;
-    m_plot->show();
-    return built;
+    m_built.plot->show();
 }
 
-void MainWindow::replaceOverview(const BuiltPlot &built)
+void MainWindow::replaceOverview()
 {
     if (m_overview) {
         m_overview->hide();
@@ -293,15 +292,15 @@ void MainWindow::replaceOverview(const BuiltPlot &built)
         m_overview = nullptr;
     }
     if (m_options.overview) {
-        m_overview = new Overview(built, m_options, centralWidget());
+        m_overview = new Overview(m_built, m_options, centralWidget());
         m_layout->addWidget(m_overview);
         m_overview->show();
     }
 }
 
-void MainWindow::replaceChannels(const BuiltPlot &built)
+void MainWindow::replaceChannels()
 {
-    const QVector<PlottedSeries> &series = built.readout->series();
+    const QVector<PlottedSeries> &series = m_built.readout->series();
     for (int i = 0; i < series.size(); ++i) {
         connect(series[i].channel, &ZrQtBaseChannel::visibilityChanged, this,
                 [this, i](bool visible) { m_looks[i].visible = visible; });
@@ -313,24 +312,24 @@ void MainWindow::replaceChannels(const BuiltPlot &built)
 void MainWindow::setSeriesColor(int series, const QColor &color)
 {
     m_looks[series].color = color;
-    setColor(m_plot->findChild<PlotReadout *>()->series()[series], color);
+    setColor(m_built.readout->series()[series], color);
     if (m_overview)
         m_overview->setColor(series, color);
-    m_markerActions->updateReadout();
+    m_markerActions->scheduleMeasuring();
 }
 
 void MainWindow::updatePlot()
 {
-    if (!m_plot) {
+    if (!m_built.plot) {
         rebuildPlot();
         return;
     }
-    const QVector<MovedSystem> moved = movedSystems(m_plot);
+    const QVector<MovedSystem> moved = movedSystems(m_built.plot);
     const bool sameValues = m_plotIsLogarithmic == m_options.logY;
     rebuildPlot();
     // A plot without a size would take any canvas for the fitted one.
     m_layout->activate();
-    moveSystems(m_plot, moved, sameValues);
+    moveSystems(m_built.plot, moved, sameValues);
 }
 
 void MainWindow::setLoading(bool loading)

@@ -15,7 +15,6 @@ class QLabel;
 class QProgressBar;
 class QPushButton;
 class QVBoxLayout;
-class ZrQtPlot;
 
 /// The window of the viewer: a plot, a menu, and a status bar that tells what is drawn and what is not.
 ///
@@ -70,9 +69,9 @@ private:
     void rebuildPlot();
     /// The same for other options: what the user moved stays where it is, unless its values become others.
     void updatePlot();
-    BuiltPlot replacePlot();
-    void replaceOverview(const BuiltPlot &built);
-    void replaceChannels(const BuiltPlot &built);
+    void replacePlot();
+    void replaceOverview();
+    void replaceChannels();
     void setSeriesColor(int series, const QColor &color);
     void setLoading(bool loading);
     void showReading(const QString &sentence);
@@ -90,7 +89,7 @@ private:
     QVBoxLayout *m_layout = nullptr;
     QLabel *m_title = nullptr;
     QLabel *m_invitation = nullptr; ///< in the place of the plot as long as there is none
-    ZrQtPlot *m_plot = nullptr;
+    BuiltPlot m_built;
     Overview *m_overview = nullptr;
     bool m_plotIsLogarithmic = false;
     QAction *m_savePicture = nullptr;

@@ -1,12 +1,12 @@
 #include "markeractions.h"
 
+#include "hintwithkey.h"
 #include "icons.h"
 #include "markerlayer.h"
 #include "markerreadout.h"
 #include "plotbuilder.h"
 #include "plotreadout.h"
 
-#include <QtWidgets/QAction>
 #include <QtWidgets/QApplication>
 #include <QtWidgets/QDockWidget>
 #include <QtWidgets/QLayout>
@@ -42,11 +42,6 @@ constexpr AddingRow kAddings[] = {
      QT_TRANSLATE_NOOP("MarkerActions", "Measure with a circle to drag"), Qt::SHIFT | Qt::Key_C},
 };
 
-QString hintWithKey(const QString &hint, const QAction *action)
-{
-    return QStringLiteral("%1 (%2)").arg(hint, action->shortcut().toString(QKeySequence::NativeText));
-}
-
 } // namespace
 
 MarkerActions::MarkerActions(QMainWindow *window)
@@ -56,7 +51,7 @@ MarkerActions::MarkerActions(QMainWindow *window)
     createPanel(window);
     m_measuring.setSingleShot(true);
     connect(&m_measuring, &QTimer::timeout, this, &MarkerActions::measure);
-    updateReadout();
+    showPanel();
 }
 
 void MarkerActions::createActions(QMainWindow *window)
@@ -67,7 +62,7 @@ void MarkerActions::createActions(QMainWindow *window)
         QAction *action = menu->addAction(makeIcon(row.icon, color), tr(row.text), this,
                                           [this, adding = row.add] { add(adding); });
         action->setShortcut(row.key);
-        action->setToolTip(hintWithKey(tr(row.hint), action));
+        action->setToolTip(hintWithKey(tr(row.hint), *action));
         action->setEnabled(false);
         m_adding += action;
     }
@@ -75,7 +70,7 @@ void MarkerActions::createActions(QMainWindow *window)
     m_remove = menu->addAction(makeIcon(Icon::RemoveMarkers, color), tr("Remove &All Markers"), this,
                                &MarkerActions::removeAll);
     m_remove->setShortcut(Qt::Key_Delete);
-    m_remove->setToolTip(hintWithKey(tr("Remove all markers"), m_remove));
+    m_remove->setToolTip(hintWithKey(tr("Remove all markers"), *m_remove));
 
     QToolBar *bar = window->addToolBar(tr("Markers"));
     bar->setObjectName(QStringLiteral("markerToolBar"));
@@ -109,12 +104,12 @@ void MarkerActions::setPlot(const BuiltPlot &built, const Options &options)
     if (!m_markers.isEmpty())
         addLayer();
     // Channels of other systems are measured where they are seen.
-    connect(built.plot, &ZrQtPlot::canvasChanged, this, &MarkerActions::updateReadout);
+    connect(built.plot, &ZrQtPlot::canvasChanged, this, &MarkerActions::scheduleMeasuring);
     for (const PlottedSeries &series : built.readout->series())
-        connect(series.channel, &ZrQtBaseChannel::visibilityChanged, this, &MarkerActions::updateReadout);
+        connect(series.channel, &ZrQtBaseChannel::visibilityChanged, this, &MarkerActions::scheduleMeasuring);
     for (QAction *action : qAsConst(m_adding))
         action->setEnabled(true);
-    updateReadout();
+    scheduleMeasuring();
 }
 
 void MarkerActions::add(Adding adding)
@@ -128,7 +123,7 @@ void MarkerActions::add(Adding adding)
     const Markers before = m_markers;
     // The panel takes its room first: a new circle is to be round when the plot has what is left.
     adding(&m_markers, m_layer->scale());
-    updateReadout();
+    showPanel();
     measure();
     m_panel->parentWidget()->layout()->activate();
 
@@ -149,21 +144,25 @@ void MarkerActions::removeAll()
     m_markers = Markers();
     if (m_layer)
         m_layer->setMarkers(m_markers);
-    updateReadout();
+    showPanel();
 }
 
 void MarkerActions::onMoved()
 {
     m_markers = m_layer->markers();
-    updateReadout();
+    scheduleMeasuring();
 }
 
-void MarkerActions::updateReadout()
+void MarkerActions::showPanel()
 {
     const bool any = !m_markers.isEmpty();
     m_remove->setEnabled(any);
     m_panel->setVisible(any);
-    if (any)
+}
+
+void MarkerActions::scheduleMeasuring()
+{
+    if (!m_markers.isEmpty())
         m_measuring.start();
 }
 

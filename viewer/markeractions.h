@@ -31,7 +31,7 @@ public:
     void setPlot(const BuiltPlot &built, const Options &options);
     void removeAll();
     /// What the markers measure may no longer be the same: it is measured once the present changes are over.
-    void updateReadout();
+    void scheduleMeasuring();
 
 private:
     using Adding = void (*)(Markers *, const MarkerScale &);
@@ -40,6 +40,7 @@ private:
     void createPanel(QMainWindow *window);
     void add(Adding adding);
     void addLayer();
+    void showPanel();
     void onMoved();
     void measure();
     void fitPanel();

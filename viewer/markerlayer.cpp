@@ -36,14 +36,10 @@ MarkerLayer::MarkerLayer(ZrQtPlot *plot, const Options &options)
     m_lines->setCustomFeature(&m_tags);
 
     connect(m_lines, &ZrQtPlotChannel::linesEdited, this, &MarkerLayer::onLinesDragged);
-    connect(m_region, &ZrQtPlotChannel::rectanglesEdited, this, [this](const QVector<QRectF> &rectangles) {
-        m_markers.region = scale().fromPixels(rectangles.first(), m_markers.region);
-        Q_EMIT moved();
-    });
-    connect(m_circle, &ZrQtPlotChannel::circlesEdited, this, [this](const QVector<QRectF> &circles) {
-        m_markers.circle = scale().fromPixels(circles.first(), m_markers.circle);
-        Q_EMIT moved();
-    });
+    connect(m_region, &ZrQtPlotChannel::rectanglesEdited, this,
+            [this](const QVector<QRectF> &rectangles) { onDragged(&Markers::region, rectangles.first()); });
+    connect(m_circle, &ZrQtPlotChannel::circlesEdited, this,
+            [this](const QVector<QRectF> &circles) { onDragged(&Markers::circle, circles.first()); });
     connect(plot, &ZrQtPlot::canvasChanged, this, [this](const QRectF &, ZrQtPlot::CoordinateSystem cosy) {
         if (cosy == ZrQtPlot::COSY_0)
             refresh();
@@ -101,14 +97,16 @@ bool MarkerLayer::eventFilter(QObject *watched, QEvent *event)
 void MarkerLayer::refresh()
 {
     const MarkerScale where = scale();
-    if (!where.isValid())
-        return;
+    // A plot without a size or a canvas has no place for a marker.
+    m_placed = where.isValid() ? m_markers : Markers();
     const QRectF pixels(QPointF(), where.area);
-    for (ZrQtPlotChannel *channel : {m_region, m_circle, m_lines})
-        channel->setCanvas(pixels);
+    if (where.isValid()) {
+        for (ZrQtPlotChannel *channel : {m_region, m_circle, m_lines})
+            channel->setCanvas(pixels);
+    }
 
     QVector<QLineF> lines;
-    for (const double x : qAsConst(m_markers.lines)) {
+    for (const double x : qAsConst(m_placed.lines)) {
         const double pixel = where.toPixelX(x);
         lines.append(QLineF(pixel, 0.0, pixel, pixels.height()));
     }
@@ -116,14 +114,22 @@ void MarkerLayer::refresh()
         return window ? QVector<QRectF>{where.toPixels(*window)} : QVector<QRectF>();
     };
     m_lines->setLines(lines);
-    m_region->setRectangles(inPixels(m_markers.region));
-    m_circle->setCircles(inPixels(m_markers.circle));
+    m_region->setRectangles(inPixels(m_placed.region));
+    m_circle->setCircles(inPixels(m_placed.circle));
 }
 
 void MarkerLayer::onLinesDragged(const QVector<QLineF> &lines)
 {
     const MarkerScale where = scale();
-    for (int i = 0; i < lines.size(); ++i)
-        m_markers.lines[i] = where.fromPixelX(lines[i].x1(), {m_markers.lines[i]});
+    for (int i = 0; i < qMin(lines.size(), m_placed.lines.size()); ++i)
+        m_markers.lines[i] = where.fromPixelX(lines[i].x1(), {m_placed.lines[i]});
+    Q_EMIT moved();
+}
+
+void MarkerLayer::onDragged(std::optional<ValueWindow> Markers::*marker, const QRectF &pixels)
+{
+    if (!(m_placed.*marker))
+        return;
+    m_markers.*marker = scale().fromPixels(pixels, m_placed.*marker);
     Q_EMIT moved();
 }

@@ -38,11 +38,13 @@ private:
     ZrQtPlotChannel *addChannel();
     void refresh();
     void onLinesDragged(const QVector<QLineF> &lines);
+    void onDragged(std::optional<ValueWindow> Markers::*marker, const QRectF &pixels);
 
     ZrQtPlot *m_plot;
     bool m_logY;
     bool m_invertedY;
     Markers m_markers;
+    Markers m_placed; ///< those that the channels were given, which a drag begins with
     MarkerTags m_tags;
     ZrQtPlotChannel *m_region;
     ZrQtPlotChannel *m_circle;

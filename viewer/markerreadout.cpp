@@ -4,13 +4,16 @@
 
 #include <QtCore/QCoreApplication>
 
+#include <algorithm>
 #include <cmath>
 
 namespace {
 
-constexpr int kMeanDigits = 6;
+// A logarithmic axis shows samples from here on.
+constexpr double kLeastPositive = std::numeric_limits<double>::denorm_min();
 
 const QString kMinus = QStringLiteral("\u2212");
+const QString kNone = QStringLiteral("\u2013");
 
 QString tr(const char *text)
 {
@@ -36,12 +39,6 @@ QString headings(const QString &title, const QStringList &texts)
 QString table(const QString &rows)
 {
     return QStringLiteral("<table cellspacing=\"0\" cellpadding=\"1\">%1</table>").arg(rows);
-}
-
-QString nameOf(const PlottedSeries &series)
-{
-    return QStringLiteral("<font color=\"%1\">\u25A0</font> %2")
-        .arg(series.channel->lineColor().name(), series.channel->name().toHtmlEscaped());
 }
 
 /// The value of one system that is drawn where \a value of another one is.
@@ -115,11 +112,11 @@ QString MarkerReadout::lines(const QVector<double> &positions) const
             const int sample = Readout::nearestSample(series.x, series.values, xIn(series, position),
                                                       series.sorted, isLogarithmic());
             values += sample < 0 ? std::numeric_limits<double>::quiet_NaN() : series.values[sample];
-            texts += sample < 0 ? QStringLiteral("\u2013") : number(values.last());
+            texts += sample < 0 ? kNone : number(values.last());
         }
         if (both && !std::isnan(values.first()) && !std::isnan(values.last()))
-            texts += number(values.last() - values.first());
-        rows += row(nameOf(series), texts);
+            texts += Readout::numberDifferenceText(values.first(), values.last(), m_y.numberFormat);
+        rows += row(series.coloredName(), texts);
     }
     return table(rows);
 }
@@ -130,15 +127,15 @@ QString MarkerReadout::region(const ValueWindow &window) const
     for (const PlottedSeries &series : m_plot.series()) {
         if (!series.isShown())
             continue;
-        const ValueWindow here = {xIn(series, window.left), xIn(series, window.right),
-                                  yIn(series, window.low), yIn(series, window.high)};
+        ValueWindow here = {xIn(series, window.left), xIn(series, window.right), yIn(series, window.low),
+                            yIn(series, window.high)};
+        if (isLogarithmic())
+            here.low = std::max(here.low, kLeastPositive);
         const SampleStatistics samples = statisticsIn(series.x, series.values, series.sorted, here);
         QStringList texts = {QString::number(samples.count)};
-        if (samples.count > 0) {
-            const double mean = QString::number(samples.mean, 'g', kMeanDigits).toDouble();
-            texts += {number(mean), number(samples.minimum), number(samples.maximum)};
-        }
-        rows += row(nameOf(series), texts);
+        if (samples.count > 0)
+            texts += {number(samples.mean), number(samples.minimum), number(samples.maximum)};
+        rows += row(series.coloredName(), texts);
     }
     const auto [left, right] = m_plot.xTexts(window.left, window.right);
     const QString x = tr("x: %1 to %2").arg(left, right);
@@ -153,10 +150,12 @@ QString MarkerReadout::circle(const ValueWindow &window) const
     const double high = position(window.high);
     const double x = window.left + (window.right - window.left) / 2.0;
     const double y = low + (high - low) / 2.0;
+    // A side that is not above 0 has no place on a logarithmic axis, so there is nothing in the middle.
+    const bool known = std::isfinite(y);
     return table(headings(tr("Circle"), {}) + row(tr("Centre x"), {Readout::positionText(m_x, x)})
-                 + row(tr("Centre y"), {Readout::positionText(m_y, y)})
+                 + row(tr("Centre y"), {known ? Readout::positionText(m_y, y) : kNone})
                  + row(tr("Radius x"), {Readout::differenceText(m_x, x, window.right)})
-                 + row(tr("Radius y"), {Readout::differenceText(m_y, y, high)}));
+                 + row(tr("Radius y"), {known ? Readout::differenceText(m_y, y, high) : kNone}));
 }
 
 } // namespace

@@ -2,6 +2,7 @@
 
 #include <algorithm>
 #include <cmath>
+#include <iterator>
 
 namespace {
 
@@ -35,16 +36,50 @@ QRectF sides(double left, double low, double right, double high)
     return QRectF(QPointF(left, low), QPointF(right, high));
 }
 
-bool isSeen(const QRectF &pixels, const MarkerScale &scale)
+/// Whether a side or the centre is where the mouse can take it.
+bool isSeen(const QRectF &region, const MarkerScale &scale)
 {
-    return pixels.intersects(QRectF(QPointF(), scale.area));
+    const QRectF area(QPointF(), scale.area);
+    return region.intersects(area) && (!region.contains(area) || area.contains(region.center()));
+}
+
+/// Whether the centre or a handle is where the mouse can take it.
+bool isCircleSeen(const QRectF &circle, const MarkerScale &scale)
+{
+    const QRectF area(QPointF(), scale.area);
+    const QPointF center = circle.center();
+    const QPointF handles[] = {center,
+                               {circle.left(), center.y()},
+                               {circle.right(), center.y()},
+                               {center.x(), circle.top()},
+                               {center.x(), circle.bottom()}};
+    return std::any_of(std::begin(handles), std::end(handles),
+                       [&area](const QPointF &handle) { return area.contains(handle); });
+}
+
+double withoutRounding(double pixels)
+{
+    return std::abs(pixels) < kSamePixel ? 0.0 : pixels;
+}
+
+/// How far \a pixels were moved from \a before; none if they were resized.
+std::optional<QPointF> wayFrom(const QRectF &before, const QRectF &pixels)
+{
+    const QSizeF growth = pixels.size() - before.size();
+    if (withoutRounding(growth.width()) != 0.0 || withoutRounding(growth.height()) != 0.0)
+        return std::nullopt;
+    const QPointF way = pixels.topLeft() - before.topLeft();
+    return QPointF(withoutRounding(way.x()), withoutRounding(way.y()));
 }
 
 } // namespace
 
 bool MarkerScale::isValid() const
 {
-    return canvas.width() > 0.0 && canvas.height() > 0.0 && area.width() > 0.0 && area.height() > 0.0;
+    const bool finite = qIsFinite(canvas.left()) && qIsFinite(canvas.top()) && qIsFinite(canvas.width())
+                        && qIsFinite(canvas.height());
+    return finite && canvas.width() > 0.0 && canvas.height() > 0.0 && area.width() > 0.0
+           && area.height() > 0.0;
 }
 
 double MarkerScale::toPixelX(double x) const
@@ -86,6 +121,10 @@ QRectF MarkerScale::toPixels(const ValueWindow &window) const
 
 ValueWindow MarkerScale::fromPixels(const QRectF &pixels, const std::optional<ValueWindow> &before) const
 {
+    if (before) {
+        if (const std::optional<QPointF> way = wayFrom(toPixels(*before), pixels))
+            return moved(*before, *way);
+    }
     constexpr double kNowhere = std::numeric_limits<double>::quiet_NaN();
     const ValueWindow old = before.value_or(ValueWindow{kNowhere, kNowhere, kNowhere, kNowhere});
     const auto x = [&](double pixel) { return fromPixelX(pixel, {old.left, old.right}); };
@@ -95,18 +134,28 @@ ValueWindow MarkerScale::fromPixels(const QRectF &pixels, const std::optional<Va
     return {left, right, low, high};
 }
 
+/// Also where a side is too far away to be painted at its place.
+ValueWindow MarkerScale::moved(const ValueWindow &window, const QPointF &pixels) const
+{
+    const double x = pixels.x() / area.width() * canvas.width();
+    const double y = (invertedY ? -1.0 : 1.0) * pixels.y() / area.height() * canvas.height();
+    const auto movedY = [this, y](double value) { return logY ? value * std::pow(10.0, y) : value + y; };
+    return {window.left + x, window.right + x, movedY(window.low), movedY(window.high)};
+}
+
 void addLine(Markers *markers, const MarkerScale &scale)
 {
     const auto place = [&scale](int line) { return scale.fromPixelX(kLines[line] * scale.area.width()); };
-    if (markers->lines.size() < Markers::kMostLines) {
-        markers->lines.append(place(markers->lines.size()));
-        return;
-    }
+    bool broughtBack = false;
     for (int i = 0; i < markers->lines.size(); ++i) {
         const double pixel = scale.toPixelX(markers->lines[i]);
-        if (!(pixel >= 0.0 && pixel <= scale.area.width()))
-            markers->lines[i] = place(i);
+        if (pixel >= 0.0 && pixel <= scale.area.width())
+            continue;
+        markers->lines[i] = place(i);
+        broughtBack = true;
     }
+    if (!broughtBack && markers->lines.size() < Markers::kMostLines)
+        markers->lines.append(place(markers->lines.size()));
 }
 
 void addRegion(Markers *markers, const MarkerScale &scale)
@@ -122,7 +171,7 @@ void addRegion(Markers *markers, const MarkerScale &scale)
 
 void addCircle(Markers *markers, const MarkerScale &scale)
 {
-    if (markers->circle && isSeen(scale.toPixels(*markers->circle), scale))
+    if (markers->circle && isCircleSeen(scale.toPixels(*markers->circle), scale))
         return;
     const double x = kCircleX * scale.area.width();
     const double y = kCircleY * scale.area.height();

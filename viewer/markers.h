@@ -44,13 +44,16 @@ struct MarkerScale
 
     QRectF toPixels(const ValueWindow &window) const;
     ValueWindow fromPixels(const QRectF &pixels, const std::optional<ValueWindow> &before = {}) const;
+
+private:
+    ValueWindow moved(const ValueWindow &window, const QPointF &pixels) const;
 };
 
-/// Adds a line, or moves those that cannot be seen to where they can, if both are there.
+/// Moves the lines that cannot be seen to where they can; if there are none, adds a line.
 void addLine(Markers *markers, const MarkerScale &scale);
-/// Adds a region in the middle, or moves it there if it cannot be seen.
+/// Adds a region in the middle, or moves it there if it cannot be taken with the mouse.
 void addRegion(Markers *markers, const MarkerScale &scale);
-/// Adds a circle beside the middle, or moves it there if it cannot be seen.
+/// Adds a circle beside the middle, or moves it there if it cannot be taken with the mouse.
 void addCircle(Markers *markers, const MarkerScale &scale);
 
 #endif // VIEWER_MARKERS_H

@@ -1,9 +1,9 @@
 #include "mouseactions.h"
 
+#include "hintwithkey.h"
 #include "icons.h"
 #include "plotview.h"
 
-#include <QtWidgets/QAction>
 #include <QtWidgets/QActionGroup>
 #include <QtWidgets/QMainWindow>
 #include <QtWidgets/QMenu>
@@ -78,8 +78,7 @@ QActionGroup *MouseActions::addModes(QMenu *menu, const QColor &color)
     for (const ModeRow &row : kModes) {
         QAction *action = menu->addAction(makeIcon(row.icon, color), tr(row.text));
         action->setShortcut(row.key);
-        action->setToolTip(QStringLiteral("%1 (%2)").arg(
-            tr(row.hint), action->shortcut().toString(QKeySequence::NativeText)));
+        action->setToolTip(hintWithKey(tr(row.hint), *action));
         action->setCheckable(true);
         action->setChecked(row.mode == m_interaction);
         group->addAction(action);

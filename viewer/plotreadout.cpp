@@ -78,10 +78,9 @@ QString PlotReadout::hoverText(double x) const
             heading = when;
             headingDistance = distance;
         }
-        const QString row = QStringLiteral("<tr><td><font color=\"%1\">\u25A0</font> %2</td>"
-                                           "<td align=\"right\">&nbsp;&nbsp;%3</td>")
-                                .arg(line.channel->lineColor().name(), line.channel->name().toHtmlEscaped(),
-                                     Readout::numberText(line.values[sample], m_numberFormat));
+        const QString row
+            = QStringLiteral("<tr><td>%1</td><td align=\"right\">&nbsp;&nbsp;%2</td>")
+                  .arg(line.coloredName(), Readout::numberText(line.values[sample], m_numberFormat));
         rows.append({when, row});
     }
     if (rows.isEmpty())

@@ -22,6 +22,12 @@ struct PlottedSeries
     AxisScale xScale = AxisScale::Numbers;
 
     bool isShown() const { return channel && channel->isSelectedForDisplay(); }
+    /// The name after a square of the colour, as rich text.
+    QString coloredName() const
+    {
+        return QStringLiteral("<font color=\"%1\">\u25A0</font> %2")
+            .arg(channel->lineColor().name(), channel->name().toHtmlEscaped());
+    }
 };
 
 #endif // VIEWER_PLOTTEDSERIES_H

@@ -15,8 +15,6 @@ namespace {
 constexpr double kSecond = 1000.0;
 constexpr double kMinute = 60.0 * kSecond;
 constexpr double kDay = 1440.0 * kMinute;
-// From here on an axis names no dates, and days only; see AxisFeed.
-constexpr double kHoursOnly = 1.5 * kDay;
 constexpr double kMonthNames = 60.0 * kDay;
 
 constexpr int kDigits = 12;
@@ -35,12 +33,12 @@ QString withDigits(double value, NumberFormat format, int digits)
     return QString::number(rounded, letter, QLocale::FloatingPointShortest);
 }
 
-/// \a value to the power of ten that divides \a span into at least a thousand parts.
-double roundedTo(double value, double span)
+/// \a value to a power of ten that divides \a span into at least so many \a parts.
+double roundedTo(double value, double span, double parts = kPositions)
 {
     if (!std::isfinite(span) || !(span > 0.0))
         return value;
-    const double unit = std::pow(10.0, std::floor(std::log10(span / kPositions)));
+    const double unit = std::pow(10.0, std::floor(std::log10(span / parts)));
     const double rounded = std::round(value / unit) * unit;
     // Beside a rounded -0.3 stands no sign.
     return std::isfinite(rounded) ? rounded + 0.0 : value;
@@ -176,6 +174,13 @@ int Readout::nearestSample(const QVector<double> &xs, const QVector<double> &ys,
 QString Readout::numberText(double value, NumberFormat format)
 {
     return withDigits(value, format, kDigits);
+}
+
+QString Readout::numberDifferenceText(double from, double to, NumberFormat format)
+{
+    static const double kParts = std::pow(10.0, kDigits - 1);
+    const double larger = std::max(std::abs(from), std::abs(to));
+    return numberText(roundedTo(to - from, larger, kParts), format);
 }
 
 QString Readout::timeText(const AxisText &axis, double milliseconds)

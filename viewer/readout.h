@@ -25,6 +25,9 @@ int nearestSample(const QVector<double> &xs, const QVector<double> &ys, double x
 /// \a value with 12 digits at most; scientific from 10^12 and below 10^-4, unless \a format says otherwise.
 QString numberText(double value, NumberFormat format);
 
+/// The way from one number to another, with no digit behind the last one that both texts show.
+QString numberDifferenceText(double from, double to, NumberFormat format);
+
 /// A date and time, or a time of day, with all the parts that are not 0: "21 Nov 2026 14:03". In a range of
 /// 60 days and more, the date is written as such an axis does: "2026-11-21 14:03".
 QString timeText(const AxisText &axis, double milliseconds);

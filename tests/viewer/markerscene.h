@@ -47,6 +47,16 @@ public:
         const QPointF onLine(lines->lines()[index].x1(), lines->height() / 4.0);
         return at(lines, onLine);
     }
+    /// Where the first marker of any kind can be taken to move it; null if there is none.
+    QPoint handle() const
+    {
+        if (marker(ZrQtPlotChannel::Lines))
+            return line(0);
+        if (const auto *box = marker(ZrQtPlotChannel::Rectangles))
+            return at(box, region().center());
+        const auto *ring = marker(ZrQtPlotChannel::Circles);
+        return ring ? at(ring, circle().center()) : QPoint();
+    }
     QRectF region() const { return marker(ZrQtPlotChannel::Rectangles)->rectangles().first(); }
     QRectF circle() const { return marker(ZrQtPlotChannel::Circles)->circles().first(); }
 

@@ -92,6 +92,8 @@ private Q_SLOTS:
     void largeNumbersStandForThemselves();
     void timesAreTyped_data();
     void timesAreTyped();
+    void anyWidthHasTimes();
+    void zoomingOutOfTinyNumbers();
     void whatHasNoFields_data();
     void whatHasNoFields();
     void zoomingInBringsTheFieldsOfTimes();
@@ -205,11 +207,40 @@ void TestAxisEditing::timesAreTyped()
     QCOMPARE(scene.canvas().right(), eight + 4.0 * 3600000.0);
 }
 
+void TestAxisEditing::anyWidthHasTimes()
+{
+    EditingScene scene("d,a\n2026-11-21 00:00,0\n2026-11-22 00:00,100\n");
+    QVERIFY(scene.isReady());
+    for (int width = 1200; width >= 500; width -= 50) {
+        scene.window.resize(width, 500);
+        QCoreApplication::processEvents();
+        const ZrQtAxis *axis = scene.axis(Qt::BottomEdge);
+        QVERIFY2(!axis->tickPositions().isEmpty(), qPrintable(QString::number(width)));
+    }
+}
+
+void TestAxisEditing::zoomingOutOfTinyNumbers()
+{
+    EditingScene scene("t,a\n0,0\n10,1e-18\n");
+    QVERIFY(scene.isReady());
+    const ZrQtAxis *axis = scene.axis(Qt::LeftEdge);
+    const QString tiny = axis->axisLabel();
+    scene.plot()->setCanvas(QRectF(0.0, 50.0, 0.0, 100.0), ZrQtPlot::COSY_0);
+    QCOMPARE(EditingScene::fields(axis).size(), 2);
+    QCOMPARE(axis->axisLabel(), QStringLiteral("a"));
+    QCOMPARE(axis->unitFactor(), 1.0);
+    QVERIFY(tiny != axis->axisLabel());
+}
+
 void TestAxisEditing::whatHasNoFields_data()
 {
     QTest::addColumn<QByteArray>("csv");
     QTest::addColumn<bool>("logarithmic");
     QTest::addColumn<Qt::Edge>("edge");
+    QTest::newRow("tiny numbers") << QByteArray("t,a\n0,0\n10,1e-18\n") << false << Qt::LeftEdge;
+    QTest::newRow("huge numbers") << QByteArray("t,a\n0,0\n10,1e300\n") << false << Qt::LeftEdge;
+    QTest::newRow("times before 1970")
+        << QByteArray("d,a\n1958-11-21 08:00,0\n1958-11-21 18:00,9\n") << false << Qt::BottomEdge;
     QTest::newRow("logarithms") << QByteArray("t,a\n0,1\n10,1000\n") << true << Qt::LeftEdge;
     QTest::newRow("days") << QByteArray("d,a\n2026-11-01,0\n2026-11-21,9\n") << false << Qt::BottomEdge;
     QTest::newRow("years") << QByteArray("d,a\n1990-11-01,0\n2026-11-21,9\n") << false << Qt::BottomEdge;
@@ -226,6 +257,8 @@ void TestAxisEditing::whatHasNoFields()
     EditingScene scene(csv, options);
     QVERIFY(scene.isReady());
     QVERIFY(EditingScene::fields(scene.axis(edge)).isEmpty());
+    QVERIFY(!scene.axis(edge)->tickPositions().isEmpty());
+    QVERIFY(scene.plot()->findChild<ZrQtBufferedChannel *>()->width() > scene.window.width() / 2);
     const Qt::Edge other = edge == Qt::LeftEdge ? Qt::BottomEdge : Qt::LeftEdge;
     QCOMPARE(EditingScene::fields(scene.axis(other)).size(), 2);
 }
@@ -236,10 +269,14 @@ void TestAxisEditing::zoomingInBringsTheFieldsOfTimes()
     QVERIFY(scene.isReady());
     const ZrQtAxis *axis = scene.axis(Qt::BottomEdge);
     const QRectF all = scene.canvas();
+    const QString dates = axis->timeFormat();
     scene.plot()->setCanvas(QRectF(all.center().x(), 0.0, 6 * 3600000.0, 0.0), ZrQtPlot::COSY_0);
     QCOMPARE(EditingScene::fields(axis).size(), 2);
     scene.plot()->setCanvas(all, ZrQtPlot::COSY_0);
     QVERIFY(EditingScene::fields(axis).isEmpty());
+    // Days are written as such again.
+    scene.plot()->setCanvas(QRectF(all.center().x(), 0.0, 10 * 86400000.0, 0.0), ZrQtPlot::COSY_0);
+    QCOMPARE(axis->timeFormat(), dates);
 }
 
 void TestAxisEditing::typingIsNoShortcut()

@@ -91,17 +91,21 @@ void TestAxisNumbers::decimalsToType_data()
     QTest::newRow("hundreds") << -2.0 << 102.0 << 1;
     QTest::newRow("tens") << 0.0 << 16.0 << 2;
     QTest::newRow("parts") << 0.0 << 0.1 << 4;
-    QTest::newRow("never more than 15") << 0.0 << 1e-30 << 15;
-    QTest::newRow("empty") << 1.0 << 1.0 << 0;
-    QTest::newRow("NaN") << qQNaN() << 1.0 << 0;
-    QTest::newRow("infinite") << 0.0 << qInf() << 0;
+    QTest::newRow("as many as a number has") << 0.0 << 1e-12 << 15;
+    QTest::newRow("more than that") << 0.0 << 1e-18 << -1;
+    QTest::newRow("long") << 0.0 << 9e14 << 0;
+    QTest::newRow("too long") << 0.0 << 1e15 << -1;
+    QTest::newRow("too long below 0") << -3e25 << 0.0 << -1;
+    QTest::newRow("empty") << 1.0 << 1.0 << -1;
+    QTest::newRow("NaN") << qQNaN() << 1.0 << -1;
+    QTest::newRow("infinite") << 0.0 << qInf() << -1;
 }
 
 void TestAxisNumbers::decimalsToType()
 {
     QFETCH(double, low);
     QFETCH(double, high);
-    QTEST(decimalsForTyping(low, high), "decimals");
+    QTEST(decimalsForTyping(low, high).value_or(-1), "decimals");
 }
 
 QTEST_APPLESS_MAIN(TestAxisNumbers)

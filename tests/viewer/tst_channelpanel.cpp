@@ -89,6 +89,7 @@ private Q_SLOTS:
     void cancelledDialogChangesNothing();
     void choicesOutliveThePlot();
     void otherFilesForgetThem();
+    void otherFilesWhileAColourIsChosen();
     void overviewFollows();
 };
 
@@ -206,17 +207,22 @@ void TestChannelPanel::otherFilesForgetThem()
     PanelScene scene;
     QVERIFY(scene.isReady());
     scene.clickVisibility(0);
-    QTemporaryDir directory;
-    QFile other(directory.filePath(QStringLiteral("other.csv")));
-    QVERIFY(other.open(QIODevice::WriteOnly));
-    other.write("t,c\n100,1\n200,2\n");
-    other.close();
-    QSignalSpy opened(&scene.window, &MainWindow::opened);
-    scene.window.open({other.fileName()});
-    QVERIFY(opened.wait(10000));
+    QVERIFY(scene.open("t,c\n100,1\n200,2\n"));
     QCOMPARE(scene.rows().size(), 1);
     QCOMPARE(scene.rows().first()->channelName(), QStringLiteral("c"));
     QVERIFY(scene.channel(0)->isSelectedForDisplay());
+}
+
+void TestChannelPanel::otherFilesWhileAColourIsChosen()
+{
+    PanelScene scene;
+    QVERIFY(scene.isReady());
+    bool opened = false;
+    QTimer::singleShot(0, &scene.window, [&scene, &opened] { opened = scene.open("t,c\n100,1\n200,2\n"); });
+    scene.chooseColor(0, QColor(Qt::darkCyan));
+    QVERIFY(opened);
+    QCOMPARE(scene.rows().size(), 1);
+    QVERIFY(scene.channel(0)->lineColor() != QColor(Qt::darkCyan));
 }
 
 void TestChannelPanel::overviewFollows()

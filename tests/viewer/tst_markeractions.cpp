@@ -34,11 +34,19 @@ private Q_SLOTS:
     void linesAreDraggedInEveryMode_data();
     void linesAreDraggedInEveryMode();
     void linesTellValuesAndDifferences();
+    void differencesHaveNoNoise();
     void theReadoutFollowsTheDrag();
+    void removedDuringADrag();
+    void rebuiltDuringADrag();
+    void wheeledDuringADrag();
+    void loadedDuringADrag();
     void regionTellsStatistics();
     void regionIsResizedAndMoved();
+    void movedRegionKeepsItsEnds();
     void statisticsAreOfTheFile();
     void gapsDoNotCount();
+    void meansAreNotRounded();
+    void logarithmicAxesHideWhatIsNotPositive();
     void otherSystemsAreMeasuredWhereTheyAreSeen();
     void hiddenChannelsAreLeftOut();
     void circleTellsCentreAndRadii();
@@ -130,6 +138,15 @@ void TestMarkerActions::linesTellValuesAndDifferences()
     QCOMPARE(scene.marker(ZrQtPlotChannel::Lines)->lines().size(), 2);
 }
 
+void TestMarkerActions::differencesHaveNoNoise()
+{
+    MarkerScene scene("t,a\n0,1000000.1\n10,1000000.3\n");
+    QVERIFY(scene.isReady());
+    scene.add("Add Marker Line");
+    scene.add("Add Marker Line");
+    QCOMPARE(scene.row("Lines", channel("a"), 3).last(), QStringLiteral("0.2"));
+}
+
 void TestMarkerActions::theReadoutFollowsTheDrag()
 {
     MarkerScene scene(ramps(11));
@@ -142,6 +159,76 @@ void TestMarkerActions::theReadoutFollowsTheDrag()
     scene.point(scene.pixel(9, 5));
     QCOMPARE(scene.row("Lines", channel("a"), 1), QStringList(QStringLiteral("18")));
     scene.release(scene.pixel(9, 5));
+}
+
+void TestMarkerActions::removedDuringADrag()
+{
+    for (const char *marker : {"Add Marker Line", "Add Region", "Add Circle"}) {
+        MarkerScene scene(ramps(11));
+        QVERIFY(scene.isReady());
+        scene.add(marker);
+        const QPoint from = scene.handle();
+        scene.press(from);
+        scene.point(from + QPoint(20, 0));
+        scene.add("Remove All Markers");
+        scene.point(from + QPoint(40, 0));
+        scene.release(from + QPoint(40, 0));
+        QVERIFY(!scene.panelIsOpen());
+        QVERIFY(scene.handle().isNull());
+    }
+}
+
+void TestMarkerActions::rebuiltDuringADrag()
+{
+    for (const char *marker : {"Add Marker Line", "Add Region", "Add Circle"}) {
+        MarkerScene scene(ramps(11));
+        QVERIFY(scene.isReady());
+        scene.add(marker);
+        const QPoint from = scene.handle();
+        scene.press(from);
+        scene.point(from + QPoint(20, 0));
+        scene.point(from + QPoint(40, 0));
+        scene.add("Overview");
+        scene.point(from + QPoint(60, 0));
+        scene.release(from + QPoint(60, 0));
+        QVERIFY(scene.panelIsOpen());
+        // It stands where the drag was when its plot went, and can be taken there.
+        const QPoint there = scene.handle();
+        QVERIFY(std::abs(there.x() - from.x() - 40) <= 2);
+        scene.drag(there, there - QPoint(30, 0));
+        QVERIFY(std::abs(scene.handle().x() - there.x() + 30) <= 2);
+    }
+}
+
+void TestMarkerActions::wheeledDuringADrag()
+{
+    MarkerScene scene(ramps(11));
+    QVERIFY(scene.isReady());
+    scene.add("Add Marker Line");
+    const QPoint from = scene.line(0);
+    scene.press(from);
+    scene.point(from + QPoint(40, 0));
+    scene.wheel(scene.pixel(9, 10), 2);
+    scene.point(from + QPoint(80, 0));
+    scene.release(from + QPoint(80, 0));
+    // It stands on the value that is read from it.
+    const QVector<double> x = scene.numbers("Lines", QStringLiteral("x"), 1);
+    QVERIFY(std::abs(scene.line(0).x() - scene.pixel(x.first(), 0).x()) <= 1);
+}
+
+void TestMarkerActions::loadedDuringADrag()
+{
+    MarkerScene scene(ramps(11));
+    QVERIFY(scene.isReady());
+    scene.add("Add Region");
+    const QPoint from = scene.handle();
+    scene.press(from);
+    scene.point(from + QPoint(20, 0));
+    QVERIFY(scene.open("t,c\n100,1\n200,2\n"));
+    scene.point(from + QPoint(40, 0));
+    scene.release(from + QPoint(40, 0));
+    QVERIFY(!scene.panelIsOpen());
+    QVERIFY(scene.handle().isNull());
 }
 
 void TestMarkerActions::regionTellsStatistics()
@@ -174,6 +261,21 @@ void TestMarkerActions::regionIsResizedAndMoved()
     QCOMPARE(scene.row("Region", channel("a"), 1), QStringList(QStringLiteral("0")));
 }
 
+/// Also where they are far beyond what the plot shows.
+void TestMarkerActions::movedRegionKeepsItsEnds()
+{
+    MarkerScene scene(ramps(11));
+    QVERIFY(scene.isReady());
+    scene.add("Add Region");
+    const QStringList before = scene.row("Region", channel("a"), 4);
+    const QRectF canvas = scene.plot()->canvas(ZrQtPlot::COSY_0);
+    scene.plot()->setCanvas(QRectF(5.0, 0.0, 1e-6, 0.0), ZrQtPlot::COSY_0);
+    const QPoint from = scene.at(scene.marker(ZrQtPlotChannel::Rectangles), scene.region().center());
+    scene.drag(from + QPoint(2, 0), from + QPoint(62, 0));
+    scene.plot()->setCanvas(canvas, ZrQtPlot::COSY_0);
+    QCOMPARE(scene.row("Region", channel("a"), 4), before);
+}
+
 void TestMarkerActions::statisticsAreOfTheFile()
 {
     // Far more samples than pixels: those that are drawn would have another mean.
@@ -196,6 +298,29 @@ void TestMarkerActions::gapsDoNotCount()
     QVERIFY(scene.isReady());
     scene.add("Add Region");
     QCOMPARE(scene.numbers("Region", channel("a"), 4), QVector<double>({2, 30, 20, 40}));
+}
+
+void TestMarkerActions::meansAreNotRounded()
+{
+    MarkerScene scene("t,a\n0,16384256\n5,16384256\n10,16384256\n");
+    QVERIFY(scene.isReady());
+    scene.add("Add Region");
+    QCOMPARE(scene.numbers("Region", channel("a"), 4), QVector<double>({1, 16384256, 16384256, 16384256}));
+}
+
+void TestMarkerActions::logarithmicAxesHideWhatIsNotPositive()
+{
+    MarkerScene scene("t,a\n0,-5\n5,0\n5.1,10\n10,100\n");
+    QVERIFY(scene.isReady());
+    scene.add("Add Region");
+    scene.add("Add Circle");
+    scene.drag(scene.at(scene.marker(ZrQtPlotChannel::Circles), scene.circle().center()), scene.pixel(8, 0));
+    QCOMPARE(scene.numbers("Region", channel("a"), 4), QVector<double>({2, 5, 0, 10}));
+    scene.add("Logarithmic Values");
+    QCOMPARE(scene.numbers("Region", channel("a"), 4), QVector<double>({1, 10, 10, 10}));
+    const QStringList none = {QStringLiteral("\u2013")};
+    QCOMPARE(scene.row("Circle", QStringLiteral("Centre y"), 1), none);
+    QCOMPARE(scene.row("Circle", QStringLiteral("Radius y"), 1), none);
 }
 
 void TestMarkerActions::otherSystemsAreMeasuredWhereTheyAreSeen()
@@ -351,14 +476,7 @@ void TestMarkerActions::otherFilesRemoveThem()
     MarkerScene scene(ramps(11));
     QVERIFY(scene.isReady());
     scene.add("Add Marker Line");
-    QTemporaryDir directory;
-    QFile other(directory.filePath(QStringLiteral("other.csv")));
-    QVERIFY(other.open(QIODevice::WriteOnly));
-    other.write("t,c\n100,1\n200,2\n");
-    other.close();
-    QSignalSpy opened(&scene.window, &MainWindow::opened);
-    scene.window.open({other.fileName()});
-    QVERIFY(opened.wait(10000));
+    QVERIFY(scene.open("t,c\n100,1\n200,2\n"));
     QVERIFY(!scene.panelIsOpen());
     QVERIFY(scene.plot()->findChildren<ZrQtPlotChannel *>().isEmpty());
 }

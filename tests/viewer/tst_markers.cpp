@@ -29,10 +29,13 @@ private Q_SLOTS:
     void thereAndBack();
     void whatIsNotDraggedKeepsItsValue();
     void draggedThroughItself();
+    void movedFarBeyondTheView();
     void invalidScales();
     void addedLines();
     void addedRegionAndCircle();
     void addedAgain();
+    void oneOfTwoLinesIsBroughtBack();
+    void outOfReachIsBroughtBack();
 };
 
 void TestMarkers::pixels()
@@ -121,11 +124,33 @@ void TestMarkers::draggedThroughItself()
     QCOMPARE(after.right, 130.0);
 }
 
+void TestMarkers::movedFarBeyondTheView()
+{
+    MarkerScale scale = plainScale();
+    const ValueWindow before = {-1e6, 2e6, 10.0, 30.0};
+    const QRectF pixels = scale.toPixels(before);
+    const ValueWindow after = scale.fromPixels(pixels.translated(50.0, 20.0), before);
+    QCOMPARE(after.left, before.left + 5.0);
+    QCOMPARE(after.right, before.right + 5.0);
+    QCOMPARE(after.low, 15.0);
+    QCOMPARE(after.high, 35.0);
+    scale.invertedY = true;
+    QCOMPARE(scale.fromPixels(scale.toPixels(before).translated(0.0, 20.0), before).low, 5.0);
+
+    const MarkerScale logarithmic = {QRectF(0.0, 0.0, 1.0, 2.0), QSizeF(100.0, 200.0), true, false};
+    const ValueWindow toZero = {0.2, 0.8, 0.0, 10.0};
+    const ValueWindow higher
+        = logarithmic.fromPixels(logarithmic.toPixels(toZero).translated(0.0, 100.0), toZero);
+    QCOMPARE(higher.low, 0.0);
+    QCOMPARE(higher.high, 100.0);
+}
+
 void TestMarkers::invalidScales()
 {
     QVERIFY(plainScale().isValid());
     QVERIFY(!MarkerScale().isValid());
-    for (const QRectF &canvas : {QRectF(0, 0, 0, 1), QRectF(0, 0, 1, 0), QRectF(0, 0, qQNaN(), 1)})
+    for (const QRectF &canvas : {QRectF(0, 0, 0, 1), QRectF(0, 0, 1, 0), QRectF(0, 0, qQNaN(), 1),
+                                 QRectF(0, 0, qInf(), 1), QRectF(-qInf(), 0, 1, 1)})
         QVERIFY(!(MarkerScale{canvas, QSizeF(10, 10), false, false}.isValid()));
     QVERIFY(!(MarkerScale{QRectF(0, 0, 1, 1), QSizeF(0, 10), false, false}.isValid()));
 }
@@ -184,6 +209,36 @@ void TestMarkers::addedAgain()
         QVERIFY(x > 1000.0 && x < 1040.0);
     QVERIFY(isInside(scale.toPixels(*markers.region), scale));
     QVERIFY(isInside(scale.toPixels(*markers.circle), scale));
+}
+
+void TestMarkers::oneOfTwoLinesIsBroughtBack()
+{
+    MarkerScale scale = plainScale();
+    Markers markers;
+    addLine(&markers, scale);
+    scale.canvas.moveLeft(1000.0);
+    addLine(&markers, scale);
+    QCOMPARE(markers.lines.size(), 1);
+    QVERIFY(markers.lines.first() > 1000.0 && markers.lines.first() < 1040.0);
+    addLine(&markers, scale);
+    QCOMPARE(markers.lines.size(), 2);
+}
+
+void TestMarkers::outOfReachIsBroughtBack()
+{
+    const MarkerScale scale = {QRectF(0.0, 0.0, 1.0, 2.0), QSizeF(100.0, 200.0), true, false};
+    Markers markers;
+    // The lower half of the circle is below everything, the upper one above the plot.
+    markers.circle = ValueWindow{0.4, 0.6, -5.0, 1e3};
+    addCircle(&markers, scale);
+    QVERIFY(isInside(scale.toPixels(*markers.circle), scale));
+    markers.region = ValueWindow{-10.0, 20.0, -5.0, 1e3};
+    addRegion(&markers, scale);
+    QVERIFY(isInside(scale.toPixels(*markers.region), scale));
+    // One that is taken by a side stays.
+    markers.region = ValueWindow{0.5, 20.0, -5.0, 1e3};
+    addRegion(&markers, scale);
+    QCOMPARE(markers.region->left, 0.5);
 }
 
 QTEST_APPLESS_MAIN(TestMarkers)

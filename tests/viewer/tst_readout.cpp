@@ -50,6 +50,7 @@ private Q_SLOTS:
     void nearestAgreesWithASearchOfAll();
     void numberTexts_data();
     void numberTexts();
+    void numberDifferences();
     void timeTexts_data();
     void timeTexts();
     void positions_data();
@@ -137,6 +138,18 @@ void TestReadout::numberTexts()
     QFETCH(double, value);
     QFETCH(NumberFormat, format);
     QTEST(Readout::numberText(value, format), "expected");
+}
+
+void TestReadout::numberDifferences()
+{
+    const auto text = [](double from, double to) {
+        return Readout::numberDifferenceText(from, to, NumberFormat::Compact);
+    };
+    QCOMPARE(text(1000000.1, 1000000.3), QStringLiteral("0.2"));
+    QCOMPARE(text(0.3, 0.1), QStringLiteral("-0.2"));
+    QCOMPARE(text(0.0, 1e-9), QStringLiteral("1e-09"));
+    QCOMPARE(text(-1.5e300, 1.5e300), QStringLiteral("3e+300"));
+    QCOMPARE(text(0.0, 0.0), QStringLiteral("0"));
 }
 
 void TestReadout::timeTexts_data()

@@ -54,10 +54,11 @@ void TestViewerStorm::randomGestures()
         const QRect area = scene.window.centralWidget()->geometry();
         return QPoint(area.left() + random.bounded(area.width()), area.top() + random.bounded(area.height()));
     };
+    const auto trigger = [&] { scene.action(kActions[random.bounded(int(std::size(kActions)))])->trigger(); };
     for (int i = 0; i < kGestures; ++i) {
-        switch (random.bounded(5)) {
+        switch (random.bounded(7)) {
         case 0:
-            scene.action(kActions[random.bounded(int(std::size(kActions)))])->trigger();
+            trigger();
             break;
         case 1:
             scene.wheel(anywhere(), random.bounded(7) - 3);
@@ -67,6 +68,18 @@ void TestViewerStorm::randomGestures()
             break;
         case 3:
             scene.window.resize(300 + random.bounded(900), 200 + random.bounded(600));
+            break;
+        case 4:
+            scene.press(anywhere());
+            scene.point(anywhere());
+            if (random.bounded(4) == 0)
+                QVERIFY(scene.open(csv));
+            else
+                trigger();
+            // The window's own event loop deletes what was replaced before the next event comes.
+            QCoreApplication::sendPostedEvents(nullptr, QEvent::DeferredDelete);
+            scene.point(anywhere());
+            scene.release(anywhere());
             break;
         default:
             scene.drag(anywhere(), anywhere());

@@ -28,14 +28,20 @@ public:
     explicit Scene(const QByteArray &csv, const Options &options = {})
         : window(options)
     {
+        m_opened = open(csv);
+        window.show();
+    }
+
+    /// Opens a file with this content.
+    bool open(const QByteArray &csv)
+    {
         QFile file(m_directory.filePath(QStringLiteral("f.csv")));
         file.open(QIODevice::WriteOnly);
         file.write(csv);
         file.close();
         QSignalSpy opened(&window, &MainWindow::opened);
         window.open({file.fileName()});
-        m_opened = opened.wait(10000);
-        window.show();
+        return opened.wait(10000);
     }
 
     bool isReady() { return m_opened && QTest::qWaitForWindowActive(&window); }
