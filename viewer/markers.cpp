@@ -43,7 +43,7 @@ bool isSeen(const QRectF &region, const MarkerScale &scale)
     return region.intersects(area) && (!region.contains(area) || area.contains(region.center()));
 }
 
-/// Whether the centre or a handle is where the mouse can take it.
+/// Whether the centre or one of the four handles at the sides is where the mouse can take it.
 bool isCircleSeen(const QRectF &circle, const MarkerScale &scale)
 {
     const QRectF area(QPointF(), scale.area);
