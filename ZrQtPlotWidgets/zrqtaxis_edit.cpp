@@ -213,7 +213,7 @@ QString ZrQtAxisPrivate::boundLabel(bool isMin)
     // Ties go away from zero, as in the field.
     QByteArray number = QByteArray::number(bound * unitFactor, 'f', std::clamp(precision, 0, MostDecimals));
     ZrTicks::dropMinusOfZero(number);
-    const QString text = QString::fromLatin1(number);
+    QString text = QString::fromLatin1(number);
     adaptPrecisionFromTickText(isMin ? minEdit.spinBox : maxEdit.spinBox, text);
     return text;
 }

@@ -36,12 +36,12 @@ template <typename PointAt> bool ZrQtBufferedChannelPrivate::holds(int count, Po
     const QPointF *stored = points.constData();
     for (int start = 0; start < count; start += block) {
         const int end = std::min(start + block, count);
-        bool same = true;
+        int same = 1; // a number and not bool: no branches
         for (int i = start; i < end; ++i) {
             const QPointF point = pointAt(i);
-            same = same & (stored[i].x() == point.x()) & (stored[i].y() == point.y());
+            same &= int(stored[i].x() == point.x()) & int(stored[i].y() == point.y());
         }
-        for (int i = start; i < end && !same; ++i) {
+        for (int i = start; i < end && same == 0; ++i) {
             if (stored[i] != pointAt(i))
                 return false;
         }

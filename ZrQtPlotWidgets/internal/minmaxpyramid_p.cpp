@@ -33,7 +33,7 @@ void MinMaxPyramid::build(const QPointF *points, int count, ExtentScan scan)
     m_levels.clear();
     QVector<SampleExtent> level(count / finestBlock);
     for (int i = 0; i < level.size(); ++i)
-        level[i] = scan(points + i * finestBlock, finestBlock);
+        level[i] = scan(points + qptrdiff(i) * finestBlock, finestBlock);
     m_levels.append(level);
     while (m_levels.constLast().size() >= blocksPerBlock) {
         const QVector<SampleExtent> &finer = m_levels.constLast();
@@ -51,7 +51,7 @@ SampleExtent MinMaxPyramid::extent(const QPointF *points, int begin, int end) co
     if (firstBlock >= endBlock)
         return m_scan(points + begin, end - begin);
     SampleExtent extent = m_scan(points + begin, firstBlock * finestBlock - begin);
-    extent.include(m_scan(points + endBlock * finestBlock, end - endBlock * finestBlock));
+    extent.include(m_scan(points + qptrdiff(endBlock) * finestBlock, end - endBlock * finestBlock));
     // From both ends to the next border of the coarser level, then one level up.
     for (const QVector<SampleExtent> &level : m_levels) {
         const bool coarsest = &level == &m_levels.constLast();

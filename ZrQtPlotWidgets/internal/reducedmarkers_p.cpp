@@ -72,7 +72,7 @@ public:
         if (taken)
             return;
         taken = true;
-        QRgb *pixels = m_pixels + centre.y() * m_pixelsPerLine + centre.x();
+        QRgb *pixels = m_pixels + qptrdiff(centre.y()) * m_pixelsPerLine + centre.x();
         for (const Span &span : m_spans) {
             QRgb *target = pixels + span.offset;
             if (span.opaque)

@@ -30,12 +30,12 @@ bool isPlain(const QPointF *points, int count, double before)
 {
     if (!(points[0].x() >= before) || isGap(points[0]) || isGap(points[count - 1]))
         return false;
-    bool plain = true;
-    for (int i = 1; i < count; ++i) {
-        // Without short cuts on purpose: nearly always both are true.
-        plain = plain & (points[i].x() >= points[i - 1].x()) & (std::abs(points[i].y()) < largestCoordinate);
-    }
-    return plain;
+    // Numbers and not bool, on purpose: nearly always both are true, and looking at all of it needs no
+    // branches.
+    int plain = 1;
+    for (int i = 1; i < count; ++i)
+        plain &= int(points[i].x() >= points[i - 1].x()) & int(std::abs(points[i].y()) < largestCoordinate);
+    return plain != 0;
 }
 
 } // namespace
