@@ -7,6 +7,9 @@
 
 namespace {
 
+/// Pixels. No screen shows more, and a widget whose margins or size are absurd must not take all memory.
+constexpr QSize largestPicture(32767, 32767);
+
 QSize truncated(const QSizeF &size)
 {
     return {static_cast<int>(size.width()), static_cast<int>(size.height())};
@@ -80,8 +83,8 @@ void ZrQtPlotPrivate::redrawImage(bool resized)
     m_dataChanged = false;
     const qreal pixelRatio = q->devicePixelRatioF();
     if (resized || m_image.devicePixelRatio() != pixelRatio) {
-        m_image = QImage(truncated(QSizeF(truncated(m_plotRect.size())) * pixelRatio),
-                         QImage::Format_ARGB32_Premultiplied);
+        const QSize pixels = truncated(QSizeF(truncated(m_plotRect.size())) * pixelRatio);
+        m_image = QImage(pixels.boundedTo(largestPicture), QImage::Format_ARGB32_Premultiplied);
         m_image.setDevicePixelRatio(pixelRatio);
     }
     if (m_image.isNull())

@@ -50,6 +50,7 @@ public:
     {
         ++paintCount;
         painterTransform = painter.worldTransform();
+        paintedSize = QSize(painter.device()->width(), painter.device()->height());
         if (fill.isValid())
             painter.fillRect(rect(), fill);
         if (line.isValid())
@@ -72,6 +73,7 @@ public:
     QColor line;     ///< colour of one row of pixels when valid
     int lineRow = 0; ///< which row that is
     int paintCount = 0;
+    QSize paintedSize; ///< of the device
     QTransform painterTransform;
 
 private:

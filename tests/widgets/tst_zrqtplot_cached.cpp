@@ -26,6 +26,7 @@ private Q_SLOTS:
     void forcedRedraws();
     void newDataCountsOnce();
     void pictureHasTheSizeOfThePlotArea();
+    void pictureOfAHugePlotIsLimited();
     void switchedOff();
 };
 
@@ -411,6 +412,20 @@ void tst_ZrQtPlotCached::pictureHasTheSizeOfThePlotArea()
         for (int x = 0; x < image.width(); x += 5)
             QCOMPARE(image.pixel(x, y), area.contains(x, y) ? blue : ground);
     }
+}
+
+// Without the limit this takes a gigabyte, and so does each further thousand of pixels of width.
+void tst_ZrQtPlotCached::pictureOfAHugePlotIsLimited()
+{
+    Scene scene;
+    scene.plot->resize(150, 8000000);
+    scene.channel->paintedSize = QSize();
+    QImage image(150, 120, QImage::Format_RGB32);
+    QPainter painter(&image);
+    scene.plot->paint(&painter);
+    QCOMPARE(scene.channel->paintedSize, QSize(100, 32767));
+    painter.end();
+    QCOMPARE(image.pixel(70, 50), blue);
 }
 
 void tst_ZrQtPlotCached::switchedOff()
