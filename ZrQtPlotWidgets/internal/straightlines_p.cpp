@@ -20,13 +20,13 @@ bool isWhole(double value)
 /// Whether a unit of the painter is a pixel, and its origin the corner of one.
 bool isOnPixels(const QPainter &painter)
 {
-    const QTransform transform = painter.deviceTransform();
+    const QTransform &transform = painter.deviceTransform();
     return transform.type() <= QTransform::TxTranslate && isWhole(transform.dx()) && isWhole(transform.dy());
 }
 
 bool coversPixelsOfLines(const QPainter &painter)
 {
-    const QPen pen = painter.pen();
+    const QPen &pen = painter.pen();
     const bool isOnePixelWide = pen.widthF() == 0.0 || pen.widthF() == 1.0;
     return isOnePixelWide && pen.style() == Qt::SolidLine && pen.capStyle() == Qt::SquareCap
            && painter.paintEngine()->type() == QPaintEngine::Raster
