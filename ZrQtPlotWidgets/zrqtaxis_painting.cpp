@@ -1,4 +1,5 @@
 #include "internal/painterstate_p.h"
+#include "internal/straightlines_p.h"
 #include "zrqtaxis_p.h"
 
 #include <QtCore/QVarLengthArray>
@@ -28,10 +29,9 @@ void ZrQtAxisPrivate::paintAxisLine(QPainter *painter) const
     const auto ends = AxisGeometry::ends(along(), part);
     if (!drawAxisLine || ends.low == ends.high)
         return;
-    if (isVertical())
-        painter->drawLine(axisLinePos, ends.high, axisLinePos, ends.low);
-    else
-        painter->drawLine(ends.low, axisLinePos, ends.high, axisLinePos);
+    const QLine line = isVertical() ? QLine(axisLinePos, ends.high, axisLinePos, ends.low)
+                                    : QLine(ends.low, axisLinePos, ends.high, axisLinePos);
+    drawStraightLines(*painter, &line, 1);
 }
 
 /// Ticks and sub-ticks point away from the plot area.
@@ -51,7 +51,7 @@ void ZrQtAxisPrivate::paintTicks(QPainter *painter, const QVector<double> &posit
         lines.append(vertical ? QLine(axisLinePos, pixel, tickEnd, pixel)
                               : QLine(pixel, axisLinePos, pixel, tickEnd));
     }
-    painter->drawLines(lines.constData(), lines.size());
+    drawStraightLines(*painter, lines.constData(), lines.size());
 }
 
 void ZrQtAxisPrivate::paintTickLabels(QPainter *painter) const

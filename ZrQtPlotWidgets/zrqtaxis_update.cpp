@@ -135,8 +135,9 @@ void ZrQtAxisPrivate::updateTickLabels()
     tickLabelFont = font;
     tickLabels.resize(tickTexts.size());
 
-    // Nobody reads more labels than there are pixels: those are laid out when they are painted.
-    const bool prepares = tickTexts.size() <= along().extent;
+    // Nobody reads more labels than there are pixels, and those of a hidden axis may change often before they
+    // are seen: they are laid out when they are painted.
+    const bool prepares = q->isVisible() && tickTexts.size() <= along().extent;
     int widest = 0;
     for (int i = 0; i < tickTexts.size(); ++i) {
         TickLabel &label = tickLabels[i];

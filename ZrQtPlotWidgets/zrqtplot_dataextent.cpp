@@ -83,7 +83,7 @@ void ZrQtPlotPrivate::updateExtent(ZrQtBaseChannel *channel, const QRectF &rect,
                                    const ExtentUpdate &update)
 {
     const bool forced = update.tracking == Tracking::Forced;
-    if (!forced && !countsForExtent(channel, axis))
+    if (!forced && !extentThatCounts(channel, axis))
         return;
 
     const CoordinateSystem cosy = channel->cosy(axis);
@@ -117,15 +117,18 @@ void ZrQtPlotPrivate::updateExtent(ZrQtBaseChannel *channel, const QRectF &rect,
         writeExtent(cosy, axis, extent);
 }
 
-bool ZrQtPlotPrivate::countsForExtent(ZrQtBaseChannel *channel, PlotAxis axis) const
+/// What \a channel adds to the extent of its system; nothing if it does not count.
+std::optional<Extent> ZrQtPlotPrivate::extentThatCounts(ZrQtBaseChannel *channel, PlotAxis axis) const
 {
     if (!channel->isSelectedForDisplay() || !channel->useForScaling())
-        return false;
+        return std::nullopt;
     const QRectF rect = channel->boundingRect();
     if (!useEmptyBoundingRectsForAutoFitScaling && !(CanvasScaling::sizeOf(rect, toDirection(axis)) > 0.0))
-        return false;
+        return std::nullopt;
     const Extent extent = CanvasScaling::extentOf(rect, toDirection(axis));
-    return std::isfinite(extent.low) && std::isfinite(extent.high);
+    if (!std::isfinite(extent.low) || !std::isfinite(extent.high))
+        return std::nullopt;
+    return extent;
 }
 
 /// Computes the extent of the data of a system from all its channels. While it stays the same nothing
@@ -136,15 +139,17 @@ void ZrQtPlotPrivate::refit(CoordinateSystem cosy, PlotAxis axis)
     ZrQtBaseChannel *minChannel = nullptr;
     ZrQtBaseChannel *maxChannel = nullptr;
     for (ZrQtBaseChannel *channel : std::as_const(m_channels)) {
-        if (channel->cosy(axis) != cosy || !countsForExtent(channel, axis))
+        if (channel->cosy(axis) != cosy)
             continue;
-        const Extent own = CanvasScaling::extentOf(channel->boundingRect(), toDirection(axis));
-        if (own.low <= extent.low) {
-            extent.low = own.low;
+        const std::optional<Extent> own = extentThatCounts(channel, axis);
+        if (!own)
+            continue;
+        if (own->low <= extent.low) {
+            extent.low = own->low;
             minChannel = channel;
         }
-        if (own.high >= extent.high) {
-            extent.high = own.high;
+        if (own->high >= extent.high) {
+            extent.high = own->high;
             maxChannel = channel;
         }
     }

@@ -19,6 +19,7 @@
 #include <QtGui/QImage>
 
 #include <functional>
+#include <optional>
 
 class QMouseEvent;
 class QPainter;
@@ -284,7 +285,7 @@ private:
     void returnToPreviousMode(CoordinateSystem cosy, PlotAxis axis);
     void scale(CoordinateSystem cosy, PlotAxis axis);
 
-    bool countsForExtent(ZrQtBaseChannel *channel, PlotAxis axis) const;
+    std::optional<CanvasScaling::Extent> extentThatCounts(ZrQtBaseChannel *channel, PlotAxis axis) const;
     void updateExtent(ZrQtBaseChannel *channel, const QRectF &rect, PlotAxis axis,
                       const ExtentUpdate &update);
     void writeExtent(CoordinateSystem cosy, PlotAxis axis, CanvasScaling::Extent extent);

@@ -127,7 +127,8 @@ void ZrQtPlotPrivate::addChannel(ZrQtBaseChannel *channel)
     m_channels.append(channel);
     // Each signal may make the application delete or remove the channel, or delete the plot.
     const QPointer<ZrQtPlot> plot(q);
-    const auto isGone = [&] { return !plot || !m_channels.contains(channel); };
+    // Searched from the end, where it most likely is.
+    const auto isGone = [&] { return !plot || m_channels.lastIndexOf(channel) < 0; };
     const bool selected = channel->isSelectedForDisplay();
     if (channel->parent() != q)
         hideForNewParent(channel);
@@ -142,7 +143,7 @@ void ZrQtPlotPrivate::addChannel(ZrQtBaseChannel *channel)
         return;
     // A child without it swallows the moves that the plot's cursor and tooltip follow.
     channel->setMouseTracking(true);
-    passUpdateControlToChannels();
+    channel->m_d->updatesViaPlot = controlChannelUpdatesViaPlot;
     if (qobject_cast<ZrQtPlotChannel *>(channel))
         openOverlay();
     channel->onCanvasChanged(state(channel->cosyX()).effectiveCanvas, channel->cosyX());

@@ -5,6 +5,7 @@
 #include <algorithm>
 #include <cmath>
 #include <limits>
+#include <tuple>
 
 namespace ZrTicks {
 
@@ -131,6 +132,9 @@ constexpr DivisionRow divisionTable[] = {
 
 constexpr std::array<int, 12> undivided = {1};
 
+using CandidateDecimals
+    = std::array<std::array<int, std::tuple_size_v<decltype(StepRow::candidates)>>, UnitRowCount>;
+
 // False also for a count that is infinite or not a number.
 bool fits(const TickParameters &parameters, double count)
 {
@@ -194,8 +198,25 @@ TickStep evaluateDecimal(const TickParameters &parameters, const WorkingRange &r
     return result;
 }
 
-TickStep evaluateTime(const TickParameters &parameters, const WorkingRange &range, UnitRow row, double step)
+// The decimals of all candidates: they never change, and finding them out takes longer than all else here.
+const CandidateDecimals &candidateDecimals()
 {
+    static const CandidateDecimals table = [] {
+        CandidateDecimals decimals{};
+        for (size_t row = 0; row < decimals.size(); ++row) {
+            for (size_t i = 0; i < decimals[row].size(); ++i)
+                decimals[row][i] = decimalsNeeded(stepTable[row].candidates[i]);
+        }
+        return decimals;
+    }();
+    return table;
+}
+
+TickStep evaluateTime(const TickParameters &parameters, const WorkingRange &range, StepChoice choice)
+{
+    const auto row = size_t(choice.row);
+    const auto candidate = size_t(choice.candidate);
+    const double step = stepTable[row].candidates[candidate];
     TickStep result;
     const double first = (range.lo + timeAlignment) / step;
     const double last = (range.hi + timeAlignment) / step;
@@ -207,8 +228,8 @@ TickStep evaluateTime(const TickParameters &parameters, const WorkingRange &rang
     result.step = step;
     // On purpose: ticks of long steps are shown to the precision of their step, up to minutes beside the hour
     // that they are aligned to.
-    result.precision = decimalsNeeded(step);
-    result.boundPrecision = decimalsNeeded(stepTable[row].candidates[0]);
+    result.precision = candidateDecimals()[row][candidate];
+    result.boundPrecision = candidateDecimals()[row][0];
     return result;
 }
 
@@ -258,7 +279,7 @@ TickStep evaluateCandidate(const TickParameters &parameters, const WorkingRange 
     const auto row = UnitRow(choice.row);
     const double candidate = stepTable[row].candidates[size_t(choice.candidate)];
     TickStep result = row == DecimalRow ? evaluateDecimal(parameters, range, candidate)
-                                        : evaluateTime(parameters, range, row, candidate);
+                                        : evaluateTime(parameters, range, choice);
     result.choice = choice;
     if (result.tickCount > 0)
         result.subTicksPerInterval = subTickCount(parameters, result);

@@ -9,6 +9,8 @@
 #include <QtTest/QSignalSpy>
 
 #include <functional>
+#include <memory>
+#include <vector>
 
 namespace {
 
@@ -40,11 +42,11 @@ private:
 
 enum class Place { OwnWindow, Embedded };
 
-/// A shown plot with four axes and two channels, in a window of its own or inside of one.
+/// A shown plot with four axes and some channels, in a window of its own or inside of one.
 class Scene
 {
 public:
-    explicit Scene(Place place)
+    explicit Scene(Place place, int channelCount = 2)
     {
         QWidget *window = plot;
         if (place == Place::Embedded) {
@@ -58,7 +60,7 @@ public:
             axes.append(new ZrQtAxis(plot));
             axes.last()->setPosition(edge);
         }
-        for (int i = 0; i < 2; ++i) {
+        for (int i = 0; i < channelCount; ++i) {
             channels.append(new ZrQtBufferedChannel(plot));
             channels.last()->setData(SeriesShapes::sine(100));
         }
@@ -164,21 +166,30 @@ void TestPaintCount::changePaintsOnce()
 
 void TestPaintCount::panMovesNothing()
 {
-    Scene scene(Place::Embedded);
+    Scene scene(Place::Embedded, 16);
     QVERIFY(scene.exposed);
     scene.plot->setCanvas(QRectF(0, 0, 1, 1), ZrQtPlot::COSY_0);
     settle(scene.plot);
+    // An axis computes its ticks when the canvas is announced, and again when the plot is laid out.
+    QSignalSpy announced(scene.plot, &ZrQtPlot::canvasChanged);
+    std::vector<std::unique_ptr<QSignalSpy>> layoutWishes;
+    for (ZrQtAxis *axis : std::as_const(scene.axes))
+        layoutWishes.push_back(std::make_unique<QSignalSpy>(axis, &ZrQtAxis::requestUpdate));
     EventCount layouts(QEvent::LayoutRequest);
     EventCount resizes(QEvent::Resize);
     EventCount moves(QEvent::Move);
     EventCount paints(QEvent::Paint);
     for (int step = 1; step < 5; ++step) {
         paints.reset();
+        announced.clear();
         scene.plot->setCanvas(QRectF(step * 0.2, step * 0.2, 1, 1), ZrQtPlot::COSY_0);
         QApplication::processEvents();
+        QCOMPARE(announced.size(), 1);
         for (ZrQtAxis *axis : std::as_const(scene.axes))
             QCOMPARE(paints.of(axis), 1);
     }
+    for (const auto &wishes : layoutWishes)
+        QVERIFY(wishes->isEmpty());
     QVector<QWidget *> widgets{scene.plot};
     for (ZrQtAxis *axis : std::as_const(scene.axes))
         widgets.append(axis);
