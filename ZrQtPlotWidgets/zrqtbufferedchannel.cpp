@@ -136,7 +136,7 @@ QRectF ZrQtBufferedChannel::boundingRect()
 void ZrQtBufferedChannel::paint(QPainter &painter)
 {
     Q_D(ZrQtBufferedChannel);
-    if (!isVisible() || (d->canvas.width() <= 0.0 && width() <= 0))
+    if (!painter.isActive() || !isVisible() || (d->canvas.width() <= 0.0 && width() <= 0))
         return;
     const PainterState state(painter);
     painter.setRenderHint(QPainter::Antialiasing, d->antialiasing);

@@ -47,6 +47,7 @@ void SampleSeries::reset(const QVector<QPointF> &points)
         return;
     m_points = points;
     m_runs.clear();
+    m_loneSamples.clear();
     m_pyramid.clear();
     m_inspected = false;
 }
@@ -55,6 +56,12 @@ const QVector<IndexRange> &SampleSeries::runs()
 {
     inspect();
     return m_runs;
+}
+
+const QVector<int> &SampleSeries::loneSamples()
+{
+    inspect();
+    return m_loneSamples;
 }
 
 bool SampleSeries::isAscending()
@@ -70,7 +77,7 @@ void SampleSeries::inspect()
     m_inspected = true;
     m_ascending = true;
     m_lastX = -largestCoordinate;
-    ExtentScan scan = extentOfY;
+    m_scan = extentOfY;
     QVector<SampleExtent> extents;
     extents.reserve(m_points.size() / MinMaxPyramid::finestBlock);
     for (int begin = 0; begin < m_points.size(); begin += block) {
@@ -79,21 +86,34 @@ void SampleSeries::inspect()
             appendToRuns(samples);
         } else {
             appendOneByOne(samples);
-            scan = extentBetweenGaps;
+            m_scan = extentBetweenGaps;
         }
-        appendExtents(extents, samples, scan);
+        if (m_ascending)
+            appendExtents(extents, samples);
     }
-    m_pyramid.build(extents, scan);
+    endRun();
+    if (m_ascending)
+        m_pyramid.build(extents, m_scan);
 }
 
 /// Appends samples without gaps.
 void SampleSeries::appendToRuns(const IndexRange &samples)
 {
-    if (!m_runs.isEmpty() && m_runs.constLast().end == samples.begin)
-        m_runs.last().end = samples.end;
-    else
-        m_runs.append(samples);
+    if (m_run.end != samples.begin) {
+        endRun();
+        m_run.begin = samples.begin;
+    }
+    m_run.end = samples.end;
     m_lastX = m_points.at(samples.end - 1).x();
+}
+
+void SampleSeries::endRun()
+{
+    if (m_run.size() > 1)
+        m_runs.append(m_run);
+    else if (m_run.size() == 1)
+        m_loneSamples.append(m_run.begin);
+    m_run = {};
 }
 
 void SampleSeries::appendOneByOne(const IndexRange &samples)
@@ -107,16 +127,17 @@ void SampleSeries::appendOneByOne(const IndexRange &samples)
 }
 
 /// Appends the extents of the whole blocks of the index that are in `samples`.
-void SampleSeries::appendExtents(QVector<SampleExtent> &extents, const IndexRange &samples,
-                                 ExtentScan scan) const
+void SampleSeries::appendExtents(QVector<SampleExtent> &extents, const IndexRange &samples) const
 {
     constexpr int step = MinMaxPyramid::finestBlock;
     for (int begin = samples.begin; begin + step <= samples.end; begin += step)
-        extents.append(scan(m_points.constData() + begin, step));
+        extents.append(m_scan(m_points.constData() + begin, step));
 }
 
 SampleExtent SampleSeries::extent(const IndexRange &range)
 {
     inspect();
+    if (m_pyramid.isEmpty())
+        return m_scan(m_points.constData() + range.begin, range.size());
     return m_pyramid.extent(m_points.constData(), range.begin, range.end);
 }

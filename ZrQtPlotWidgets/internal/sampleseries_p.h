@@ -36,27 +36,34 @@ public:
 
     [[nodiscard]] const QVector<QPointF> &points() const { return m_points; }
 
-    /// The parts between the gaps, none of them empty.
+    /// The parts between the gaps that have at least two samples, and thus a line.
     [[nodiscard]] const QVector<IndexRange> &runs();
+
+    /// The samples between two gaps.
+    [[nodiscard]] const QVector<int> &loneSamples();
 
     /// Whether x grows, or stays, from each sample to the next one that is no gap.
     [[nodiscard]] bool isAscending();
 
-    /// The extent of y in a part of the series, gaps left out.
+    /// The extent of y in a part of the series, gaps left out. Quick if the series ascends.
     [[nodiscard]] SampleExtent extent(const IndexRange &range);
 
 private:
     void inspect();
     void appendToRuns(const IndexRange &samples);
+    void endRun();
     void appendOneByOne(const IndexRange &samples);
-    void appendExtents(QVector<SampleExtent> &extents, const IndexRange &samples, ExtentScan scan) const;
+    void appendExtents(QVector<SampleExtent> &extents, const IndexRange &samples) const;
 
     QVector<QPointF> m_points;
     QVector<IndexRange> m_runs;
-    MinMaxPyramid m_pyramid;
+    QVector<int> m_loneSamples;
+    MinMaxPyramid m_pyramid; // of ascending series
+    ExtentScan m_scan = extentOfY;
     bool m_inspected = false;
     bool m_ascending = true;
-    double m_lastX = 0.0; // of the last sample in m_runs
+    IndexRange m_run;     // the one that inspect() is in
+    double m_lastX = 0.0; // of the last sample that is no gap
 };
 
 #endif // SAMPLESERIES_P_H
