@@ -12,17 +12,13 @@
 #include <QtGui/QPen>
 
 #include <algorithm>
-#include <cmath>
 
 namespace {
 
 // QPen prints a warning for a width outside of this range, at every paint.
 constexpr int widestPen = 32767;
 
-bool isBeyondSupportedRange(const QPointF &point)
-{
-    return std::abs(point.x()) > largestCoordinate || std::abs(point.y()) > largestCoordinate;
-}
+constexpr int block = 256; // points that stay in the processor's cache while they are looked at twice
 
 } // namespace
 
@@ -30,7 +26,6 @@ bool isBeyondSupportedRange(const QPointF &point)
 /// NaN is equal to nothing.
 template <typename PointAt> bool ZrQtBufferedChannelPrivate::holds(int count, PointAt pointAt) const
 {
-    constexpr int block = 256;
     if (count != points.size())
         return false;
     const QPointF *stored = points.constData();
@@ -50,27 +45,47 @@ template <typename PointAt> bool ZrQtBufferedChannelPrivate::holds(int count, Po
 }
 
 /// Writes over the old points where nobody else has them: fresh memory costs more than what is written to it.
-template <typename PointAt> void ZrQtBufferedChannelPrivate::fill(int count, PointAt pointAt)
+/// Returns the extent of the points before they are clipped; each is read only once.
+template <typename PointAt> PointExtent ZrQtBufferedChannelPrivate::fill(int count, PointAt pointAt)
 {
-    forgetSeries();
+    series.clear(); // it shares the points
     if (!points.isDetached())
         points = QVector<QPointF>(); // resizing it would copy what is about to be overwritten
     points.resize(count);
     QPointF *stored = points.data();
-    for (int i = 0; i < count; ++i)
-        stored[i] = clippedPoint(pointAt(i));
+    PointExtent extent;
+    for (int begin = 0; begin < count; begin += block) {
+        const int end = std::min(begin + block, count);
+        const PointExtent part = extentOfPoints(begin, end, pointAt);
+        if (part.isWithinRange())
+            std::generate(stored + begin, stored + end,
+                          [&pointAt, i = begin]() mutable { return pointAt(i++); });
+        else
+            std::generate(stored + begin, stored + end,
+                          [&pointAt, i = begin]() mutable { return clippedPoint(pointAt(i++)); });
+        extent.include(part);
+    }
+    return extent;
 }
 
-void ZrQtBufferedChannelPrivate::share(const QVector<QPointF> &newPoints)
+/// Only points beyond the range are written, so that the vector stays shared with the caller.
+void ZrQtBufferedChannelPrivate::share(const QVector<QPointF> &newPoints, const PointExtent &extent)
 {
-    forgetSeries();
+    series.clear(); // it shares the points
     points = newPoints;
-    for (int i = 0; i < newPoints.size(); ++i) {
-        const QPointF &point = newPoints.at(i);
-        // Written only where needed, so that the vector stays shared with the caller.
-        if (isBeyondSupportedRange(point))
-            points[i] = clippedPoint(point);
-    }
+    if (!extent.isWithinRange())
+        std::transform(points.cbegin(), points.cend(), points.begin(), clippedPoint);
+}
+
+void ZrQtBufferedChannelPrivate::replacePoints(const QVector<QPointF> &newPoints, const PointExtent &extent,
+                                               const QRectF &newBoundingRect)
+{
+    const QPointer<ZrQtBufferedChannel> alive(q_func());
+    const QRectF rect = newBoundingRect; // may be the channel's own, which slots change
+    share(newPoints, extent);
+    reportPoints();
+    if (alive)
+        q_func()->setBoundingRect(rect);
 }
 
 /// The channel is updated first: Qt paints both twice if a plot that is a window is updated before its child.
@@ -78,13 +93,6 @@ void ZrQtBufferedChannelPrivate::reportPoints()
 {
     q->update();
     Q_EMIT q->dataChanged(cosyX, cosyY);
-}
-
-/// Before the points change: the series shares them.
-void ZrQtBufferedChannelPrivate::forgetSeries()
-{
-    series.clear();
-    seriesShown = false;
 }
 
 void ZrQtBufferedChannelPrivate::drawLine(QPainter &painter)
@@ -98,16 +106,6 @@ void ZrQtBufferedChannelPrivate::drawLine(QPainter &painter)
         drawReducedPolyline(painter, series);
     else
         drawPolyline(painter, points);
-}
-
-/// The index pays from the second picture of the same points on: a stream is faster without.
-void ZrQtBufferedChannelPrivate::prepareSeries()
-{
-    if (seriesShown)
-        series.buildIndex();
-    else
-        series.reset(points);
-    seriesShown = true;
 }
 
 void ZrQtBufferedChannelPrivate::drawMarkers(QPainter &painter)
@@ -138,7 +136,7 @@ QRectF ZrQtBufferedChannel::boundingRect()
 void ZrQtBufferedChannel::paint(QPainter &painter)
 {
     Q_D(ZrQtBufferedChannel);
-    if (!isVisible() || (d->canvas.width() <= 0.0 && width() <= 0))
+    if (!painter.isActive() || !isVisible() || (d->canvas.width() <= 0.0 && width() <= 0))
         return;
     const PainterState state(painter);
     painter.setRenderHint(QPainter::Antialiasing, d->antialiasing);
@@ -148,7 +146,7 @@ void ZrQtBufferedChannel::paint(QPainter &painter)
     pen.setStyle(d->lineStyle);
     painter.setPen(pen);
     if (d->dataReduction)
-        d->prepareSeries();
+        d->series.reset(d->points);
     if (d->lineWidth >= 1 && d->lineStyle != Qt::NoPen)
         d->drawLine(painter);
     if (d->pointSize > 0 && d->pointStyle != PointStyle_None)
@@ -173,7 +171,7 @@ void ZrQtBufferedChannel::setDataReduction(bool on)
     if (d->dataReduction == on)
         return;
     d->dataReduction = on;
-    d->forgetSeries();
+    d->series.clear();
     const QPointer<ZrQtBufferedChannel> alive(this);
     Q_EMIT dataReductionChanged(on);
     if (alive)
@@ -194,12 +192,13 @@ void ZrQtBufferedChannel::setData(const QVector<double> &dataX, const QVector<do
     const auto pointAt
         = [x = dataX.constData(), y = dataY.constData()](int i) { return QPointF(x[i], y[i]); };
     Q_D(ZrQtBufferedChannel);
-    const QPointer<ZrQtBufferedChannel> alive(this);
-    const QRectF extent = extentOfPoints(dataX.size(), pointAt);
-    if (!d->holds(dataX.size(), pointAt)) {
-        d->fill(dataX.size(), pointAt);
-        d->reportPoints();
+    if (d->holds(dataX.size(), pointAt)) {
+        setBoundingRect(extentOfPoints(0, dataX.size(), pointAt).rect());
+        return;
     }
+    const QPointer<ZrQtBufferedChannel> alive(this);
+    const QRectF extent = d->fill(dataX.size(), pointAt).rect();
+    d->reportPoints();
     if (alive)
         setBoundingRect(extent);
 }
@@ -221,20 +220,21 @@ void ZrQtBufferedChannel::setData(const QVector<double> &dataX, const QVector<do
 
 void ZrQtBufferedChannel::setData(const QVector<QPointF> &points)
 {
-    setData(points, extentOfPoints(points));
+    Q_D(ZrQtBufferedChannel);
+    const PointExtent extent = extentOfPoints(points);
+    if (d->holds(points.size(), [&points](int i) { return points.at(i); }))
+        setBoundingRect(extent.rect());
+    else
+        d->replacePoints(points, extent, extent.rect());
 }
 
 void ZrQtBufferedChannel::setData(const QVector<QPointF> &points, const QRectF &boundingRect)
 {
     Q_D(ZrQtBufferedChannel);
-    const QPointer<ZrQtBufferedChannel> alive(this);
-    const QRectF newBoundingRect = boundingRect;
-    if (!d->holds(points.size(), [&points](int i) { return points.at(i); })) {
-        d->share(points);
-        d->reportPoints();
-    }
-    if (alive)
-        setBoundingRect(newBoundingRect);
+    if (d->holds(points.size(), [&points](int i) { return points.at(i); }))
+        setBoundingRect(boundingRect);
+    else
+        d->replacePoints(points, extentOfPoints(points), boundingRect);
 }
 
 void ZrQtBufferedChannel::setData(const QVector<double> &dataY, double startIdx, double step)

@@ -59,10 +59,10 @@ public:
     /// If x ascends (NaN and equal neighbours allowed), a picture then costs as much for ten million samples
     /// as for ten thousand: of the samples in one column of pixels the first, lowest, highest and last are
     /// drawn, so that no spike is lost. The picture is that of the plain line, but for single pixels at the
-    /// tips of dense zigzags. From the second picture of the same data on, an index speeds up the search; it
-    /// takes some 4 % of the memory of the points. If x does not ascend, every sample is drawn, but wide and
-    /// antialiased lines in short pieces, which does not take minutes. Markers that fall on the same pixel
-    /// are drawn once.
+    /// tips of dense zigzags. The first picture of new data makes an index, which speeds up all that follow;
+    /// it takes some 4 % of the memory of the points. If x does not ascend, every sample is drawn, but wide
+    /// and antialiased lines in short pieces, which does not take minutes. Markers that fall on the same
+    /// pixel are drawn once.
     ///
     /// NaN and infinity in a coordinate is a gap, whatever the width of the line.
     ///

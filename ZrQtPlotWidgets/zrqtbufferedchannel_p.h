@@ -6,6 +6,7 @@
 // from version to version without notice, or even be removed.
 //
 
+#include "internal/coordinaterange_p.h"
 #include "internal/sampleseries_p.h"
 #include "zrqtbasechannel_p.h"
 #include "zrqtbufferedchannel.h"
@@ -29,20 +30,19 @@ public:
 
     /// The points are `pointAt(0)` to `pointAt(count - 1)`.
     template <typename PointAt> [[nodiscard]] bool holds(int count, PointAt pointAt) const;
-    template <typename PointAt> void fill(int count, PointAt pointAt);
-    void share(const QVector<QPointF> &newPoints);
-    void forgetSeries();
+    template <typename PointAt> PointExtent fill(int count, PointAt pointAt);
+    void share(const QVector<QPointF> &newPoints, const PointExtent &extent);
+    void replacePoints(const QVector<QPointF> &newPoints, const PointExtent &extent,
+                       const QRectF &newBoundingRect);
     void reportPoints();
     void drawLine(QPainter &painter);
     void drawMarkers(QPainter &painter);
-    void prepareSeries();
 
     QVector<QPointF> points; // data units, clipped to the supported range
     int channelNr = 0;
     QRectF boundingRect; // data units, edges clipped
     bool dataReduction = false;
-    SampleSeries series;      // what is known of the points; empty as long as nobody needs it
-    bool seriesShown = false; // that the points were painted since they changed
+    SampleSeries series; // what is known of the points; empty as long as nobody needs it
 };
 
 #endif // ZRQTBUFFEREDCHANNEL_P_H

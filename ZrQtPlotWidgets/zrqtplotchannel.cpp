@@ -38,7 +38,7 @@ QRectF ZrQtPlotChannelPrivate::computedRectangle(ContentType type) const
 {
     switch (type) {
     case ZrQtPlotChannel::Points:
-        return extentOfPoints(points);
+        return boundingRectOfPoints(points);
     case ZrQtPlotChannel::Lines:
         return boundingRectangle(extendedToBorder(lines, canvas));
     case ZrQtPlotChannel::LineSegments:

@@ -6,7 +6,7 @@
 namespace {
 
 constexpr double farthestColumn = 1e9;
-constexpr int mostRunsInAColumn = 8; // more are drawn as if there were no gaps between them
+constexpr int mostRunsInAColumn = 8; // the rest are drawn together
 
 /// Goes through a series from the left of its data to the right.
 class ColumnWalk
@@ -29,11 +29,15 @@ public:
         return m_columns;
     }
 
-    QVector<IndexRange> ranges() const
+    [[nodiscard]] QVector<IndexRange> ranges(const QVector<int> &loneSamples) const
     {
         QVector<IndexRange> ranges;
         for (int run = firstRun(); run < m_runs.size() && !isBeyond(m_runs.at(run).begin); ++run)
             ranges.append(visiblePart(m_runs.at(run)));
+        auto lone = std::partition_point(loneSamples.cbegin(), loneSamples.cend(),
+                                         [this](int i) { return isBefore(i); });
+        for (; lone != loneSamples.cend() && !isBeyond(*lone); ++lone)
+            ranges.append({*lone, *lone + 1});
         return ranges;
     }
 
@@ -117,6 +121,7 @@ private:
         });
         const IndexRange samples{begin, m_runs.at(next - 1).end};
         append(m_columns.constLast().column, samples, samples);
+        m_columns.last().hasGaps = true;
         return next - 1;
     }
 
@@ -171,5 +176,10 @@ QVector<ColumnSamples> visibleColumns(SampleSeries &series, const PixelMapping &
 QVector<IndexRange> visibleRanges(SampleSeries &series, const PixelMapping &mapping, double left,
                                   double right)
 {
-    return series.isAscending() ? ColumnWalk(series, mapping, left, right).ranges() : series.runs();
+    if (series.isAscending())
+        return ColumnWalk(series, mapping, left, right).ranges(series.loneSamples());
+    QVector<IndexRange> ranges = series.runs();
+    for (const int lone : series.loneSamples())
+        ranges.append({lone, lone + 1});
+    return ranges;
 }

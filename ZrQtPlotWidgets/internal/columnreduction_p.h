@@ -44,7 +44,8 @@ struct ColumnSamples
 {
     int column = 0;
     IndexRange samples;
-    IndexRange run; ///< the run around the samples
+    IndexRange run;       ///< the run around the samples
+    bool hasGaps = false; ///< many runs: only the first and the last sample are sure to be none
 };
 
 /// The samples of an ascending series that can be seen between the pixels `left` and `right`, in order, and
@@ -53,8 +54,8 @@ struct ColumnSamples
 [[nodiscard]] QVector<ColumnSamples> visibleColumns(SampleSeries &series, const PixelMapping &mapping,
                                                     double left, double right);
 
-/// The index ranges that visibleColumns() looks at; all of the series if it does not ascend. None of them has
-/// gaps.
+/// The index ranges of the samples that visibleColumns() looks at, and of those between two gaps; of all
+/// samples if the series does not ascend. None of them has gaps.
 [[nodiscard]] QVector<IndexRange> visibleRanges(SampleSeries &series, const PixelMapping &mapping,
                                                 double left, double right);
 

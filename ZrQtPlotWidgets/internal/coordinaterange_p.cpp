@@ -24,7 +24,12 @@ QRectF PointExtent::rect() const
                   QPointF(clippedCoordinate(m_x.high), clippedCoordinate(m_y.high)));
 }
 
-QRectF extentOfPoints(const QVector<QPointF> &points)
+PointExtent extentOfPoints(const QVector<QPointF> &points)
 {
-    return extentOfPoints(points.size(), [&points](int i) { return points.at(i); });
+    return extentOfPoints(0, points.size(), [&points](int i) { return points.at(i); });
+}
+
+QRectF boundingRectOfPoints(const QVector<QPointF> &points)
+{
+    return extentOfPoints(points).rect();
 }

@@ -51,33 +51,44 @@ public:
         m_y.include(other.m_y);
     }
 
+    /// Whether clipping leaves all included points as they are.
+    [[nodiscard]] bool isWithinRange() const { return isWithinRange(m_x) && isWithinRange(m_y); }
+
     /// The rectangle of the extent. If infinities leave it without a usable edge, that of the clipped extent;
     /// a null rectangle when a direction has no number.
     [[nodiscard]] QRectF rect() const;
 
 private:
+    static bool isWithinRange(const SampleExtent &extent)
+    {
+        return extent.isEmpty() || (extent.low >= -largestCoordinate && extent.high <= largestCoordinate);
+    }
+
     SampleExtent m_x;
     SampleExtent m_y;
 };
 
-/// The extent of the points `pointAt(0)` to `pointAt(count - 1)`, in one pass.
-template <typename PointAt> [[nodiscard]] QRectF extentOfPoints(int count, PointAt pointAt)
+/// The extent of the points `pointAt(begin)` to `pointAt(end - 1)`, in one pass.
+template <typename PointAt> [[nodiscard]] PointExtent extentOfPoints(int begin, int end, PointAt pointAt)
 {
     // Two, because one alone waits for itself at every point.
     PointExtent even;
     PointExtent odd;
-    for (int i = 0; i + 1 < count; i += 2) {
+    int i = begin;
+    for (; i + 1 < end; i += 2) {
         even.include(pointAt(i));
         odd.include(pointAt(i + 1));
     }
-    if (count % 2 != 0)
-        even.include(pointAt(count - 1));
+    if (i < end)
+        even.include(pointAt(i));
     even.include(odd);
-    return even.rect();
+    return even;
 }
+
+[[nodiscard]] PointExtent extentOfPoints(const QVector<QPointF> &points);
 
 /// The bounding rectangle of `points` as they are. Where NaN or infinities among them leave it without a
 /// usable edge, the extent of the numbers after clipping; a null rectangle when a direction has no number.
-[[nodiscard]] QRectF extentOfPoints(const QVector<QPointF> &points);
+[[nodiscard]] QRectF boundingRectOfPoints(const QVector<QPointF> &points);
 
 #endif // COORDINATERANGE_P_H

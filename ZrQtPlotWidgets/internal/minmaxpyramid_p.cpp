@@ -2,7 +2,6 @@
 
 namespace {
 
-constexpr int finestBlock = 32; // points
 constexpr int blocksPerBlock = 8;
 
 // Independent accumulators: one alone waits for itself at every point.
@@ -27,14 +26,10 @@ SampleExtent extentOfY(const QPointF *points, int count)
     return extents[0];
 }
 
-void MinMaxPyramid::build(const QPointF *points, int count, ExtentScan scan)
+void MinMaxPyramid::build(const QVector<SampleExtent> &finest, ExtentScan scan)
 {
     m_scan = scan;
-    m_levels.clear();
-    QVector<SampleExtent> level(count / finestBlock);
-    for (int i = 0; i < level.size(); ++i)
-        level[i] = scan(points + qptrdiff(i) * finestBlock, finestBlock);
-    m_levels.append(level);
+    m_levels = {finest};
     while (m_levels.constLast().size() >= blocksPerBlock) {
         const QVector<SampleExtent> &finer = m_levels.constLast();
         QVector<SampleExtent> coarser(finer.size() / blocksPerBlock);

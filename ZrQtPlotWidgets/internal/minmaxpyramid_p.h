@@ -20,8 +20,12 @@ class MinMaxPyramid
 public:
     [[nodiscard]] bool isEmpty() const { return m_levels.isEmpty(); }
 
-    /// `scan` decides which points count, here and in extent().
-    void build(const QPointF *points, int count, ExtentScan scan = extentOfY);
+    /// Points of which the index keeps one extent.
+    static constexpr int finestBlock = 32;
+
+    /// `finest` holds the extents of all whole blocks of points; `scan` is for the points of parts of a
+    /// block.
+    void build(const QVector<SampleExtent> &finest, ExtentScan scan);
     void clear() { m_levels.clear(); }
 
     /// The extent of y in the points from `begin` up to, and without, `end`.

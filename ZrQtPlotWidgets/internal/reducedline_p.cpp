@@ -1,17 +1,27 @@
 #include "reducedline_p.h"
 
+#include "hairlinestroker_p.h"
+
 #include <algorithm>
 #include <cmath>
-#include <optional>
 
 namespace {
 
 constexpr int fewSamples = 4; // as many as stand for all samples of a column: none is left out
 
-// Pixels.
-constexpr double levelHeight = 1.0; // that cannot be told from a level
-constexpr double leastJump = 2.0;
-constexpr double leastLevelWidth = 0.125;
+// Where a hairline is reduced to a bar, the pixels at its ends may differ by one. The lower the picture, the
+// more that is of it, so the more samples are drawn one by one: as many as this, at a height of 600 pixels.
+// The unit is a pixel of a line; a sample costs as much as `sampleCost` of them.
+constexpr double mostExactCost = 1.5e5;
+constexpr double sampleCost = 16.0;
+constexpr double referenceHeight = 600.0;
+constexpr double leastHeight = 150.0;
+
+// Of a hairline that is only partly drawn one by one.
+constexpr int mostTurns = 8;
+constexpr double leastTurn = 2.0; // pixels; a line with smaller ones has too many
+constexpr int samplesJudged = 16;
+constexpr int mostMoves = 4;
 
 /// What the line does in a column; pixels.
 struct ColumnShape
@@ -32,135 +42,155 @@ struct ColumnShape
 class LineReducer
 {
 public:
-    LineReducer(SampleSeries &series, const PixelMapping &mapping, LineQuality quality, double penWidth)
+    LineReducer(SampleSeries &series, const PixelMapping &mapping, LineQuality quality, double penWidth,
+                double top, double bottom)
         : m_series(series)
         , m_points(series.points().constData())
         , m_mapping(mapping)
         , m_quality(quality)
         , m_leastBar(quality == LineQuality::Hairline ? 0.0 : 2 * penWidth + 2)
+        , m_stroker(series, mapping, top, bottom)
+        , m_mostCost(mostExactCost * std::pow(referenceHeight / std::max(bottom - top, leastHeight), 2))
     {
     }
 
     ReducedLine reduced(const QVector<ColumnSamples> &columns)
     {
+        m_mostCost /= std::max(1, columns.size());
         for (const ColumnSamples &column : columns) {
             if (column.samples.begin == column.run.begin)
-                endStroke();
+                endRun();
             append(column);
         }
-        endStroke();
+        endRun();
         return m_line;
     }
 
 private:
-    void append(ColumnSamples column)
+    void append(const ColumnSamples &column)
     {
-        if (m_quality == LineQuality::Hairline) {
-            while (const std::optional<int> jump = jumpFromLevel(column)) {
-                appendLevel({column.samples.begin, *jump});
-                column.samples.begin = *jump;
-            }
+        if (column.hasGaps) {
+            appendShape(column, shapeOf(column));
+            m_lastSample = m_pen;
+            return;
         }
-        m_before = column.samples;
-        if (column.samples.size() <= fewSamples) {
-            m_lastIsBar = false;
-            for (int i = column.samples.begin; i < column.samples.end; ++i)
-                m_stroke.append(pixel(i));
+        m_lastSample = pixel(column.samples.end - 1);
+        if (isDrawnExactly(column.samples)) {
+            appendEach(column.samples);
             return;
         }
         const ColumnShape shape = shapeOf(column);
+        if (m_quality != LineQuality::Hairline || !appendTurns(column.samples, shape))
+            appendShape(column, shape);
+        m_drawnExactly = {};
+    }
+
+    void appendEach(const IndexRange &samples)
+    {
+        const int size = m_stroke.size();
+        m_stroke.resize(size + samples.size());
+        std::transform(m_points + samples.begin, m_points + samples.end, m_stroke.begin() + size,
+                       [this](const QPointF &point) { return m_mapping.map(point); });
+        m_drawnExactly = samples;
+        m_lastIsBar = false;
+    }
+
+    /// Where Qt is when it has drawn the stroke.
+    [[nodiscard]] QPointF pen() const
+    {
+        // It is never far behind.
+        QPointF pen = m_drawnExactly.size() > 0 ? pixel(m_drawnExactly.begin) : m_pen;
+        for (int i = m_drawnExactly.begin + 1; i < m_drawnExactly.end; ++i) {
+            const QPointF point = pixel(i);
+            if (m_stroker.goesOn(pen, point))
+                pen = point;
+        }
+        return pen;
+    }
+
+    /// Appends the samples that Qt goes by, unless they are many.
+    bool appendTurns(const IndexRange &samples, const ColumnShape &shape)
+    {
+        if (isRestless(samples) || isMostlyBetween(samples, shape))
+            return false;
+        const bool isHigh = shape.bottom - shape.top > mostTurns;
+        const int size = m_stroke.size();
+        IndexRange rest = samples;
+        QPointF from = m_stroke.isEmpty() ? pixel(rest.begin++) : pen();
+        if (m_stroke.isEmpty())
+            m_stroke.append(from);
+        for (int turn = 0; turn < mostTurns; ++turn) {
+            rest.begin = m_stroker.next(from, rest);
+            if (rest.begin == rest.end) {
+                m_pen = from;
+                m_lastIsBar = false;
+                return true;
+            }
+            const QPointF to = pixel(rest.begin++);
+            const double height = std::abs(to.y() - from.y());
+            if (isHigh && height < leastTurn && height > std::abs(to.x() - from.x()))
+                break;
+            from = to;
+            m_stroke.append(from);
+        }
+        m_stroke.resize(size);
+        return false;
+    }
+
+    /// Whether the line goes up and down already in the first few samples.
+    [[nodiscard]] bool isRestless(const IndexRange &samples) const
+    {
+        const int end = std::min(samples.begin + samplesJudged, samples.end);
+        int moves = 0;
+        for (int i = samples.begin + 1; i < end && moves < mostMoves; ++i)
+            moves += std::abs(pixel(i).y() - pixel(i - 1).y()) >= 0.5 ? 1 : 0;
+        return moves == mostMoves;
+    }
+
+    [[nodiscard]] bool isDrawnExactly(const IndexRange &samples) const
+    {
+        if (samples.size() <= fewSamples)
+            return true;
+        if (m_quality != LineQuality::Hairline || samples.size() * sampleCost > m_mostCost)
+            return false;
+        return samples.size() * sampleCost + wayThrough(samples) <= m_mostCost;
+    }
+
+    /// How far y moves from sample to sample, in pixels.
+    [[nodiscard]] double wayThrough(const IndexRange &samples) const
+    {
+        double way = 0.0;
+        for (int i = samples.begin; i + 1 < samples.end; ++i)
+            way += std::abs(pixel(i + 1).y() - pixel(i).y());
+        return way;
+    }
+
+    /// Whether the line is mostly at other heights than those of its ends and its extremes, judged by a few
+    /// samples. If not, it is a level, or two, with spikes.
+    [[nodiscard]] bool isMostlyBetween(const IndexRange &samples, const ColumnShape &shape) const
+    {
+        const double near = std::min(1.0, (shape.bottom - shape.top) / 8.0);
+        const auto isBetween = [this, &shape, near](int i) {
+            const double y = pixel(i).y();
+            const double distance = std::min({std::abs(y - shape.first.y()), std::abs(y - shape.last.y()),
+                                              y - shape.top, shape.bottom - y});
+            return distance > near ? 1 : 0;
+        };
+        const int quarter = samples.size() / 4;
+        return isBetween(samples.begin + quarter) + isBetween(samples.begin + 2 * quarter)
+                   + isBetween(samples.begin + 3 * quarter)
+               > 1;
+    }
+
+    void appendShape(const ColumnSamples &column, const ColumnShape &shape)
+    {
         const bool isBar = m_quality != LineQuality::Transparent && !shape.isMonotone()
                            && shape.bottom - shape.top >= m_leastBar;
         if (isBar)
             appendBar(column, shape);
         else
             appendPoints(shape);
-    }
-
-    /// Whether the stroke comes to its end on a level, from samples of which some were left out.
-    [[nodiscard]] bool isOnLevel() const
-    {
-        return m_before.size() > fewSamples && m_stroke.size() > 1
-               && isSameLevel(m_stroke.constLast().y(), m_stroke.at(m_stroke.size() - 2).y());
-    }
-
-    static bool isSameLevel(double one, double other) { return std::abs(one - other) < levelHeight; }
-
-    /// The sample that jumps away from the level that the line has in, or before, the column, if one does.
-    [[nodiscard]] std::optional<int> jumpFromLevel(const ColumnSamples &column) const
-    {
-        const IndexRange &samples = column.samples;
-        if (samples.size() <= fewSamples)
-            return std::nullopt;
-        const bool onLevelBefore = isOnLevel();
-        const QPointF start = onLevelBefore ? m_stroke.constLast() : pixel(samples.begin);
-        int i = onLevelBefore ? samples.begin : samples.begin + 1;
-        while (i < samples.end && isSameLevel(pixel(i).y(), start.y())
-               && std::abs(pixel(i).x() - start.x()) < leastLevelWidth)
-            ++i;
-        const bool isLevel
-            = onLevelBefore || i == samples.end || std::abs(pixel(i).x() - start.x()) >= leastLevelWidth;
-        if (!isLevel)
-            return std::nullopt;
-        i = endOfLevel({i, samples.end}, start.y());
-        const double before = i > samples.begin ? pixel(i - 1).y() : start.y();
-        if (i == samples.end || std::abs(pixel(i).y() - before) < leastJump)
-            return std::nullopt;
-        return i;
-    }
-
-    /// The first of `samples` that is not on the level `y`.
-    [[nodiscard]] int endOfLevel(IndexRange samples, double y) const
-    {
-        // Whether a whole range is on the level is quicker to find out than for each sample.
-        while (samples.begin < samples.end) {
-            const int middle = samples.begin + (samples.size() + 1) / 2;
-            const SampleExtent extent = m_series.extent({samples.begin, middle});
-            if (isSameLevel(m_mapping.y(extent.low), y) && isSameLevel(m_mapping.y(extent.high), y))
-                samples.begin = middle;
-            else
-                samples.end = middle - 1;
-        }
-        return samples.begin;
-    }
-
-    /// Qt draws the line away from a level from the last sample that made it set a pixel, which is the first
-    /// one after the middle of a column.
-    void appendLevel(const IndexRange &level)
-    {
-        const int start = firstBeyondMiddle(level);
-        if (start < level.end) {
-            m_stroke.append(pixel(level.begin));
-            m_stroke.append(pixel(start));
-        } else if (isOnLevel()) {
-            m_stroke.last() = pixel(std::min(firstBeyondMiddle(m_before), m_before.end - 1));
-        } else if (level.size() > 0) {
-            m_stroke.append(pixel(level.begin));
-        }
-        m_lastIsBar = false;
-        m_before = {};
-    }
-
-    /// The first of `samples`, all in one column, on the other side of its middle than the one before it.
-    [[nodiscard]] int firstBeyondMiddle(const IndexRange &samples) const
-    {
-        const auto side = [this](int i) {
-            const double x = pixel(i).x();
-            return x - std::floor(x) < 0.5;
-        };
-        if (samples.size() == 0)
-            return samples.end;
-        const bool sideAtBegin = side(samples.begin);
-        int low = samples.begin;
-        int high = samples.end;
-        while (low < high) {
-            const int middle = low + (high - low) / 2;
-            if (side(middle) == sideAtBegin)
-                low = middle + 1;
-            else
-                high = middle;
-        }
-        return low;
+        m_pen = shape.last;
     }
 
     [[nodiscard]] QPointF pixel(int i) const { return m_mapping.map(m_points[i]); }
@@ -191,13 +221,23 @@ private:
     {
         const ColumnBar bar = barOf(column, shape);
         if (!m_stroke.isEmpty()) {
-            if (!m_lastIsBar || !joins(m_line.bars.constLast(), bar, m_stroke.constLast(), shape.first))
-                m_stroke.append(shape.first);
+            const QPointF entry = entryOf(column, shape);
+            if (!m_lastIsBar || !joins(m_line.bars.constLast(), bar, m_stroke.constLast(), entry))
+                m_stroke.append(entry);
             endStroke();
         }
         m_line.bars.append(bar);
         m_stroke.append(shape.last);
         m_lastIsBar = true;
+    }
+
+    /// Where the line from the column before comes to.
+    [[nodiscard]] QPointF entryOf(const ColumnSamples &column, const ColumnShape &shape) const
+    {
+        if (m_quality != LineQuality::Hairline || column.hasGaps)
+            return shape.first;
+        const int entry = m_stroker.next(pen(), column.samples);
+        return entry < column.samples.end ? pixel(entry) : shape.first;
     }
 
     /// Qt sets a pixel of a steep hairline if the line passes the middle of its row. Where the line turns
@@ -213,23 +253,23 @@ private:
         const double after = hasAfter ? pixel(column.samples.end).y() : shape.last.y();
         const bool goesOnDownwards = (shape.first.y() == shape.bottom && before > shape.bottom)
                                      || (shape.last.y() == shape.bottom && after > shape.bottom);
+        const double firstRow = std::floor(shape.top + 0.5);
         const double lastRow = std::floor(shape.bottom);
         double end = lastRow + 1.0;
-        if (shape.bottom - lastRow > 0.5 + meanStep(column.samples))
+        if (shape.bottom - lastRow > 0.5 + meanStep(column))
             end += 1.0;
         else if (goesOnDownwards)
             end = std::floor(shape.bottom + 0.5);
-        return {column.column, std::floor(shape.top + 0.5), end};
+        return {column.column, firstRow, std::max(end, firstRow + 1.0)};
     }
 
-    /// How far y moves from sample to sample, in pixels, judged by a few of them.
-    [[nodiscard]] double meanStep(const IndexRange &samples) const
+    /// How far y moves from one sample to the next, in pixels, judged by a few of them.
+    [[nodiscard]] double meanStep(const ColumnSamples &column) const
     {
-        const int steps = std::min(samples.size(), 16) - 1;
-        double way = 0.0;
-        for (int i = samples.begin; i < samples.begin + steps; ++i)
-            way += std::abs(pixel(i + 1).y() - pixel(i).y());
-        return way / steps;
+        if (column.hasGaps)
+            return 0.0;
+        const int steps = std::min(column.samples.size(), 16) - 1;
+        return wayThrough({column.samples.begin, column.samples.begin + steps + 1}) / steps;
     }
 
     /// Whether two bars cover the line from the one to the other.
@@ -246,6 +286,13 @@ private:
         return y >= one.top && y <= one.bottom && y >= other.top && y <= other.bottom;
     }
 
+    void endRun()
+    {
+        if (!m_stroke.isEmpty() && m_stroke.constLast() != m_lastSample)
+            m_stroke.append(m_lastSample);
+        endStroke();
+    }
+
     void endStroke()
     {
         if (m_stroke.size() > 1)
@@ -259,16 +306,21 @@ private:
     PixelMapping m_mapping;
     LineQuality m_quality;
     double m_leastBar; // pixels
+    HairlineStroker m_stroker;
+    double m_mostCost; // of a column that is drawn sample by sample
     ReducedLine m_line;
     QPolygonF m_stroke;
-    IndexRange m_before;      // the samples that were appended last
-    bool m_lastIsBar = false; // the stroke is only the last point of a bar
+    QPointF m_pen;             // where Qt is when it has drawn the stroke, but for what follows
+    IndexRange m_drawnExactly; // the samples appended last, if they are those of a whole column
+    QPointF m_lastSample;      // of the run, so far
+    bool m_lastIsBar = false;  // the stroke is only the last point of a bar
 };
 
 } // namespace
 
 ReducedLine reducedLine(SampleSeries &series, const QVector<ColumnSamples> &columns,
-                        const PixelMapping &mapping, LineQuality quality, double penWidth)
+                        const PixelMapping &mapping, LineQuality quality, double penWidth, double top,
+                        double bottom)
 {
-    return LineReducer(series, mapping, quality, penWidth).reduced(columns);
+    return LineReducer(series, mapping, quality, penWidth, top, bottom).reduced(columns);
 }

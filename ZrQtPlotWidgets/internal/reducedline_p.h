@@ -29,9 +29,11 @@ struct ReducedLine
     QVector<QPolygonF> strokes; ///< lines through at least two points
 };
 
-/// The line through the samples in `columns`. Columns with more than a few samples are a bar from their
-/// lowest to their highest one, or a stroke through their first, lowest, highest and last one.
+/// The line through the samples in `columns`. Columns with more samples than are quickly drawn one by one are
+/// a bar from their lowest to their highest one, or a stroke through their first, lowest, highest and last
+/// one. Pixels between `top` and `bottom` can be seen.
 [[nodiscard]] ReducedLine reducedLine(SampleSeries &series, const QVector<ColumnSamples> &columns,
-                                      const PixelMapping &mapping, LineQuality quality, double penWidth);
+                                      const PixelMapping &mapping, LineQuality quality, double penWidth,
+                                      double top, double bottom);
 
 #endif // REDUCEDLINE_P_H

@@ -161,7 +161,8 @@ void drawColumns(QPainter &painter, SampleSeries &series, const PixelMapping &ma
     const double penWidth = painter.pen().widthF();
     const QVector<ColumnSamples> columns
         = visibleColumns(series, mapping, bounds.left() - penWidth, bounds.right() + 1 + penWidth);
-    const ReducedLine line = reducedLine(series, columns, mapping, quality, penWidth);
+    const ReducedLine line
+        = reducedLine(series, columns, mapping, quality, penWidth, bounds.top(), bounds.bottom() + 1);
     BarPainter(painter, bounds).draw(line.bars);
     for (const QPolygonF &stroke : line.strokes)
         drawStroke(painter, stroke, quality);

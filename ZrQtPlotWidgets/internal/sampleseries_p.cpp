@@ -7,7 +7,8 @@
 
 namespace {
 
-constexpr int block = 256; // samples that are looked at without a branch
+constexpr int block = 256; // samples that are looked at without a branch, and stay in the processor's cache
+static_assert(block % MinMaxPyramid::finestBlock == 0);
 
 bool isGap(const QPointF &point)
 {
@@ -42,8 +43,11 @@ bool isPlain(const QPointF *points, int count, double before)
 
 void SampleSeries::reset(const QVector<QPointF> &points)
 {
+    if (m_points.isSharedWith(points))
+        return;
     m_points = points;
     m_runs.clear();
+    m_loneSamples.clear();
     m_pyramid.clear();
     m_inspected = false;
 }
@@ -52,6 +56,12 @@ const QVector<IndexRange> &SampleSeries::runs()
 {
     inspect();
     return m_runs;
+}
+
+const QVector<int> &SampleSeries::loneSamples()
+{
+    inspect();
+    return m_loneSamples;
 }
 
 bool SampleSeries::isAscending()
@@ -66,49 +76,68 @@ void SampleSeries::inspect()
         return;
     m_inspected = true;
     m_ascending = true;
-    const QPointF *points = m_points.constData();
-    double before = -largestCoordinate;
-    IndexRange run;
-    for (int start = 0; start < m_points.size(); start += block) {
-        const int end = std::min(start + block, m_points.size());
-        if (isPlain(points + start, end - start, before)) {
-            before = points[end - 1].x();
-            run.end = end;
-            continue;
+    m_lastX = -largestCoordinate;
+    m_scan = extentOfY;
+    QVector<SampleExtent> extents;
+    extents.reserve(m_points.size() / MinMaxPyramid::finestBlock);
+    for (int begin = 0; begin < m_points.size(); begin += block) {
+        const IndexRange samples{begin, std::min(begin + block, m_points.size())};
+        if (isPlain(m_points.constData() + begin, samples.size(), m_lastX)) {
+            appendToRuns(samples);
+        } else {
+            appendOneByOne(samples);
+            m_scan = extentBetweenGaps;
         }
-        for (int i = start; i < end; ++i) {
-            if (isGap(points[i])) {
-                if (run.size() > 0)
-                    m_runs.append(run);
-                run.begin = i + 1;
-            } else {
-                m_ascending = m_ascending && points[i].x() >= before;
-                before = points[i].x();
-            }
-            run.end = i + 1;
-        }
+        if (m_ascending)
+            appendExtents(extents, samples);
     }
-    if (run.size() > 0)
-        m_runs.append(run);
+    endRun();
+    if (m_ascending)
+        m_pyramid.build(extents, m_scan);
 }
 
-void SampleSeries::buildIndex()
+/// Appends samples without gaps.
+void SampleSeries::appendToRuns(const IndexRange &samples)
 {
-    inspect();
-    if (m_pyramid.isEmpty())
-        m_pyramid.build(m_points.constData(), m_points.size(), scan());
+    if (m_run.end != samples.begin) {
+        endRun();
+        m_run.begin = samples.begin;
+    }
+    m_run.end = samples.end;
+    m_lastX = m_points.at(samples.end - 1).x();
+}
+
+void SampleSeries::endRun()
+{
+    if (m_run.size() > 1)
+        m_runs.append(m_run);
+    else if (m_run.size() == 1)
+        m_loneSamples.append(m_run.begin);
+    m_run = {};
+}
+
+void SampleSeries::appendOneByOne(const IndexRange &samples)
+{
+    for (int i = samples.begin; i < samples.end; ++i) {
+        if (isGap(m_points.at(i)))
+            continue;
+        m_ascending = m_ascending && m_points.at(i).x() >= m_lastX;
+        appendToRuns({i, i + 1});
+    }
+}
+
+/// Appends the extents of the whole blocks of the index that are in `samples`.
+void SampleSeries::appendExtents(QVector<SampleExtent> &extents, const IndexRange &samples) const
+{
+    constexpr int step = MinMaxPyramid::finestBlock;
+    for (int begin = samples.begin; begin + step <= samples.end; begin += step)
+        extents.append(m_scan(m_points.constData() + begin, step));
 }
 
 SampleExtent SampleSeries::extent(const IndexRange &range)
 {
     inspect();
     if (m_pyramid.isEmpty())
-        return scan()(m_points.constData() + range.begin, range.size());
+        return m_scan(m_points.constData() + range.begin, range.size());
     return m_pyramid.extent(m_points.constData(), range.begin, range.end);
-}
-
-ExtentScan SampleSeries::scan() const
-{
-    const bool hasGaps = m_runs.size() != 1 || m_runs.constFirst().size() != m_points.size();
-    return hasGaps ? extentBetweenGaps : extentOfY;
 }

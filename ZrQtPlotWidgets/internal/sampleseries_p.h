@@ -21,40 +21,49 @@ struct IndexRange
 }
 
 /// What painting needs to know of a series of samples: where its gaps are, whether it can be searched by x,
-/// and the extent of y in any part of it. Found out when it is first asked for.
+/// and the extent of y in any part of it. Found out when it is first asked for, in one pass: reading the
+/// memory of a long series costs more than what is done with it.
 ///
 /// A sample is a gap if one of its coordinates is NaN, infinite, or at the end of the range that channels
 /// store, which is where infinity is put.
 class SampleSeries
 {
 public:
-    /// Takes other points, shared and not copied, and forgets what was known of the old ones.
+    /// Takes other points, shared and not copied, and forgets what was known of the old ones. Nothing changes
+    /// if it shares these points already.
     void reset(const QVector<QPointF> &points);
     void clear() { reset({}); }
 
     [[nodiscard]] const QVector<QPointF> &points() const { return m_points; }
 
-    /// The parts between the gaps, none of them empty.
+    /// The parts between the gaps that have at least two samples, and thus a line.
     [[nodiscard]] const QVector<IndexRange> &runs();
+
+    /// The samples between two gaps.
+    [[nodiscard]] const QVector<int> &loneSamples();
 
     /// Whether x grows, or stays, from each sample to the next one that is no gap.
     [[nodiscard]] bool isAscending();
 
-    /// Prepares for many calls of extent(). One picture of fresh data is had faster without.
-    void buildIndex();
-
-    /// The extent of y in a part of the series, gaps left out.
+    /// The extent of y in a part of the series, gaps left out. Quick if the series ascends.
     [[nodiscard]] SampleExtent extent(const IndexRange &range);
 
 private:
     void inspect();
-    [[nodiscard]] ExtentScan scan() const;
+    void appendToRuns(const IndexRange &samples);
+    void endRun();
+    void appendOneByOne(const IndexRange &samples);
+    void appendExtents(QVector<SampleExtent> &extents, const IndexRange &samples) const;
 
     QVector<QPointF> m_points;
     QVector<IndexRange> m_runs;
-    MinMaxPyramid m_pyramid;
+    QVector<int> m_loneSamples;
+    MinMaxPyramid m_pyramid; // of ascending series
+    ExtentScan m_scan = extentOfY;
     bool m_inspected = false;
     bool m_ascending = true;
+    IndexRange m_run;     // the one that inspect() is in
+    double m_lastX = 0.0; // of the last sample that is no gap
 };
 
 #endif // SAMPLESERIES_P_H

@@ -13,6 +13,7 @@ using Points = QVector<QPointF>;
 using Bars = QVector<ColumnBar>;
 
 Q_DECLARE_METATYPE(ColumnBar)
+Q_DECLARE_METATYPE(LineQuality)
 
 namespace {
 
@@ -37,6 +38,10 @@ private Q_SLOTS:
     void neighboursComeAlong();
     void gapsPartAColumn();
     void manyGapsDoNot();
+    void crowdedRunsKeepToTheirExtent_data();
+    void crowdedRunsKeepToTheirExtent();
+    void loneSamplesHaveNoLine();
+    void restIsWhereQtGoesOn();
     void fewSamplesStay();
     void manySamplesBecomeABar();
     void transparentLinesHaveNoBars();
@@ -116,13 +121,69 @@ void TestColumnReduction::gapsPartAColumn()
 
 void TestColumnReduction::manyGapsDoNot()
 {
-    Points points = SeriesShapes::noise(100001);
-    for (int i = 0; i < points.size(); i += 2)
+    Points points = SeriesShapes::noise(100002);
+    for (int i = 0; i < points.size(); i += 3)
         points[i].setY(notANumber);
     SampleSeries series = seriesOf(points);
     const auto columns = visibleColumns(series, PixelMapping(QTransform::fromScale(100, 1)), -1, 101);
     QVERIFY(columns.size() < 100 * 12);
-    QCOMPARE(columns.constLast().samples.end, 100000);
+    QCOMPARE(columns.constLast().samples.end, 100002);
+    QVERIFY(std::any_of(columns.cbegin(), columns.cend(),
+                        [](const ColumnSamples &column) { return column.hasGaps; }));
+}
+
+void TestColumnReduction::crowdedRunsKeepToTheirExtent()
+{
+    QFETCH(LineQuality, quality);
+    Points points;
+    for (int i = 0; i < 60; ++i)
+        points.append(QPointF(50.02 + i * 0.01, i % 3 == 2 ? notANumber : 10.0 + i));
+    SampleSeries series = seriesOf(points);
+    const PixelMapping mapping{QTransform()};
+    const ReducedLine line
+        = reducedLine(series, visibleColumns(series, mapping, 0, 100), mapping, quality, 1.0, 0, 100);
+    for (const QPolygonF &stroke : line.strokes) {
+        for (const QPointF &point : stroke)
+            QVERIFY(point.y() >= 10.0 && point.y() <= 69.0);
+    }
+    for (const ColumnBar &bar : line.bars)
+        QVERIFY(bar.top >= 10.0 && bar.bottom <= 70.0);
+    QVERIFY(line.strokes.size() + line.bars.size() >= 9);
+}
+
+void TestColumnReduction::crowdedRunsKeepToTheirExtent_data()
+{
+    QTest::addColumn<LineQuality>("quality");
+    QTest::newRow("hairline") << LineQuality::Hairline;
+    QTest::newRow("opaque") << LineQuality::Opaque;
+    QTest::newRow("transparent") << LineQuality::Transparent;
+}
+
+void TestColumnReduction::loneSamplesHaveNoLine()
+{
+    Points points = SeriesShapes::noise(1000);
+    for (int i = 0; i < points.size(); i += 2)
+        points[i].setY(notANumber);
+    SampleSeries series = seriesOf(points);
+    const PixelMapping mapping(QTransform::fromScale(100, 1));
+    QVERIFY(visibleColumns(series, mapping, -1, 101).isEmpty());
+    QCOMPARE(visibleRanges(series, mapping, -1, 101).size(), 500);
+    QCOMPARE(visibleRanges(series, mapping, 30, 40).size(), 50);
+}
+
+void TestColumnReduction::restIsWhereQtGoesOn()
+{
+    // Two pixels of level, a jump, and a level again: of many samples only those that set pixels remain.
+    Points points;
+    for (int i = 0; i < 30000; ++i)
+        points.append(QPointF(i / 10000.0, i < 17000 ? 10.0 : 90.0));
+    SampleSeries series = seriesOf(points);
+    const PixelMapping mapping{QTransform()};
+    const ReducedLine line = reducedLine(series, visibleColumns(series, mapping, -1, 10), mapping,
+                                         LineQuality::Hairline, 1.0, 0, 600);
+    QVERIFY(line.bars.isEmpty());
+    QCOMPARE(line.strokes, QVector<QPolygonF>{QPolygonF(
+                               Points{{0, 10}, {0.5, 10}, {1.5, 10}, {1.7, 90}, {2.5, 90}, {2.9999, 90}})});
 }
 
 void TestColumnReduction::fewSamplesStay()
@@ -132,7 +193,7 @@ void TestColumnReduction::fewSamplesStay()
     const PixelMapping mapping{QTransform()};
     for (const LineQuality quality : {LineQuality::Hairline, LineQuality::Opaque, LineQuality::Transparent}) {
         const ReducedLine line
-            = reducedLine(series, visibleColumns(series, mapping, 0, 10), mapping, quality, 1.0);
+            = reducedLine(series, visibleColumns(series, mapping, 0, 10), mapping, quality, 1.0, 0, 100);
         QVERIFY(line.bars.isEmpty());
         QCOMPARE(line.strokes, QVector<QPolygonF>{QPolygonF(points)});
     }
@@ -140,17 +201,20 @@ void TestColumnReduction::fewSamplesStay()
 
 void TestColumnReduction::manySamplesBecomeABar()
 {
-    const Points points{{0.1, 5}, {0.2, 9.2}, {0.3, 1.7}, {0.4, 30.4}, {0.5, 6}, {1.5, 6}};
+    Points points{{0.1, 5}, {0.2, 9.2}, {0.3, 1.7}, {0.4, 30.4}};
+    for (int i = 0; i < 100000; ++i)
+        points.append(QPointF(0.4 + i * 1e-6, i % 2 ? 5.0 : 25.0));
+    points += {{0.5, 6}, {1.5, 6}};
     SampleSeries series = seriesOf(points);
     const PixelMapping mapping{QTransform()};
     const auto columns = visibleColumns(series, mapping, 0, 10);
-    const ReducedLine hairline = reducedLine(series, columns, mapping, LineQuality::Hairline, 1.0);
+    const ReducedLine hairline = reducedLine(series, columns, mapping, LineQuality::Hairline, 1.0, 0, 600);
     QCOMPARE(hairline.bars.size(), 1);
     QCOMPARE(hairline.bars.first().column, 0);
     QCOMPARE(hairline.bars.first().top, 2.0);
     QCOMPARE(hairline.bars.first().bottom, 31.0);
     QCOMPARE(hairline.strokes, QVector<QPolygonF>{QPolygonF(Points{{0.5, 6}, {1.5, 6}})});
-    const ReducedLine wide = reducedLine(series, columns, mapping, LineQuality::Opaque, 2.0);
+    const ReducedLine wide = reducedLine(series, columns, mapping, LineQuality::Opaque, 2.0, 0, 100);
     QCOMPARE(wide.bars.first().top, 1.7);
     QCOMPARE(wide.bars.first().bottom, 30.4);
 }
@@ -160,7 +224,7 @@ void TestColumnReduction::transparentLinesHaveNoBars()
     SampleSeries series = seriesOf(SeriesShapes::noise(10000));
     const PixelMapping mapping(QTransform::fromScale(100, 50));
     const ReducedLine line = reducedLine(series, visibleColumns(series, mapping, 0, 100), mapping,
-                                         LineQuality::Transparent, 1.0);
+                                         LineQuality::Transparent, 1.0, 0, 100);
     QVERIFY(line.bars.isEmpty());
     QCOMPARE(line.strokes.size(), 1);
     QVERIFY(line.strokes.first().size() <= 101 * 4);
@@ -173,8 +237,8 @@ void TestColumnReduction::gapEndsTheStroke()
     SampleSeries series
         = seriesOf({{0, 0}, {1, 1}, {2, notANumber}, {3, 3}, {4, 4}, {5, notANumber}, {6, 6}});
     const PixelMapping mapping{QTransform()};
-    const ReducedLine line
-        = reducedLine(series, visibleColumns(series, mapping, -1, 10), mapping, LineQuality::Hairline, 1.0);
+    const ReducedLine line = reducedLine(series, visibleColumns(series, mapping, -1, 10), mapping,
+                                         LineQuality::Hairline, 1.0, 0, 100);
     QCOMPARE(line.strokes,
              (QVector<QPolygonF>{QPolygonF(Points{{0, 0}, {1, 1}}), QPolygonF(Points{{3, 3}, {4, 4}})}));
 }
@@ -182,12 +246,12 @@ void TestColumnReduction::gapEndsTheStroke()
 void TestColumnReduction::spikeAfterALevelKeepsItsPlace()
 {
     Points points;
-    for (int i = 0; i < 300; ++i)
-        points.append(QPointF(i / 100.0, i == 180 ? 90.0 : 10.0));
+    for (int i = 0; i < 30000; ++i)
+        points.append(QPointF(i / 10000.0, i == 18000 ? 90.0 : 10.0));
     SampleSeries series = seriesOf(points);
     const PixelMapping mapping{QTransform()};
-    const ReducedLine line
-        = reducedLine(series, visibleColumns(series, mapping, -1, 10), mapping, LineQuality::Hairline, 1.0);
+    const ReducedLine line = reducedLine(series, visibleColumns(series, mapping, -1, 10), mapping,
+                                         LineQuality::Hairline, 1.0, 0, 600);
     QCOMPARE(line.strokes.size(), 1);
     // Qt draws the way up from the middle of the column.
     const int spike = line.strokes.first().indexOf(QPointF(1.8, 90.0));

@@ -92,7 +92,7 @@ void TestCoordinateRange::extentIsUsable_data()
 void TestCoordinateRange::extentIsUsable()
 {
     QFETCH(QVector<QPointF>, points);
-    QTEST(extentOfPoints(points), "extent");
+    QTEST(boundingRectOfPoints(points), "extent");
 }
 
 QTEST_APPLESS_MAIN(TestCoordinateRange)

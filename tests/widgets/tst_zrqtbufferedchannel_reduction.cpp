@@ -82,6 +82,10 @@ private Q_SLOTS:
     void isAProperty();
     void hairlineLooksPlain_data();
     void hairlineLooksPlain();
+    void hairlineOfJumpsLooksPlain_data();
+    void hairlineOfJumpsLooksPlain();
+    void hairlineLooksPlainInASmallPlot_data();
+    void hairlineLooksPlainInASmallPlot();
     void otherPensLookAlike_data();
     void otherPensLookAlike();
     void translucentAndDashedLinesAreSeen_data();
@@ -103,6 +107,7 @@ private Q_SLOTS:
     void painterMayBeTransformed();
     void newDataIsSeen();
     void callersKeepTheirPoints();
+    void painterMayBeInactive();
     void oddSeriesDoNoHarm_data();
     void oddSeriesDoNoHarm();
 
@@ -170,6 +175,82 @@ void TestDataReduction::hairlineLooksPlain()
                 = differentPixels(picture(channel, Painting::Plain), picture(channel, Painting::Reduced));
             QVERIFY2(different <= most, qPrintable(QStringLiteral("%1 of %2").arg(different).arg(most)));
         }
+    }
+}
+
+void TestDataReduction::hairlineOfJumpsLooksPlain_data()
+{
+    QTest::addColumn<Points>("points");
+    QTest::addColumn<QSize>("size");
+    QTest::addColumn<QRectF>("canvas");
+    const auto spikes = [](int count) {
+        std::mt19937 random(4);
+        return SeriesShapes::sampled(count, [&](int) {
+            return random() % 1000 < 3 ? double(random()) * 2.0 / std::mt19937::max() - 1.0 : 0.0;
+        });
+    };
+    const auto square = [](int count) {
+        return SeriesShapes::sampled(count, [count](int i) { return i * 400LL / count % 2 ? 0.5 : -0.5; });
+    };
+    // The levels between the jumps lie in the view, or beyond it.
+    const QRectF high(0, -0.1, 1, 0.2);
+    for (const QSize size : {QSize(400, 300), QSize(1200, 600), QSize(701, 650)}) {
+        for (const int count : {3000, 5000, 30000}) {
+            for (const QRectF &canvas : {wholeSeries, high}) {
+                const auto addRow = [&](const char *name, const Points &points) {
+                    QTest::addRow("%s of %d in %d columns%s", name, count, size.width(),
+                                  canvas == high ? ", high" : "")
+                        << points << size << canvas;
+                };
+                addRow("random spikes", spikes(count));
+                addRow("square", square(count));
+                addRow("steps", SeriesShapes::steps(count));
+            }
+        }
+    }
+}
+
+void TestDataReduction::hairlineOfJumpsLooksPlain()
+{
+    QFETCH(Points, points);
+    QFETCH(QSize, size);
+    QFETCH(QRectF, canvas);
+    ZrQtBufferedChannel channel(&m_window);
+    prepare(channel, size, canvas);
+    channel.setData(points);
+    const QImage reduced = picture(channel, Painting::Reduced);
+    const int different = differentPixels(picture(channel, Painting::Plain), reduced);
+    const int most = size.width() * size.height() / 1000;
+    QVERIFY2(different <= most, qPrintable(QStringLiteral("%1 of %2").arg(different).arg(most)));
+    channel.setDataReduction(true);
+    QCOMPARE(picture(channel, Painting::Reduced), reduced); // the same with what is known of the series
+}
+
+void TestDataReduction::hairlineLooksPlainInASmallPlot_data()
+{
+    QTest::addColumn<Points>("points");
+    for (const int count : {6000, 10000, 30000}) {
+        QTest::addRow("random walk of %d", count) << SeriesShapes::randomWalk(count);
+        std::mt19937 random(5);
+        const auto noise = [&random] { return double(random()) * 2.0 / std::mt19937::max() - 1.0; };
+        QTest::addRow("level with noise of a fraction of a pixel, %d", count)
+            << SeriesShapes::sampled(count, [&](int) { return 0.0005 * noise(); });
+        QTest::addRow("sine with little noise, %d", count) << SeriesShapes::sampled(
+            count, [&](int i) { return 0.8 * std::sin(12.0 * i / count) + 0.003 * noise(); });
+    }
+}
+
+/// The smaller the plot, the more each pixel counts.
+void TestDataReduction::hairlineLooksPlainInASmallPlot()
+{
+    QFETCH(Points, points);
+    ZrQtBufferedChannel channel(&m_window);
+    channel.setData(points);
+    for (const QRectF &canvas : {wholeSeries, QRectF(-0.02, -20, 1.04, 40)}) {
+        prepare(channel, QSize(400, 300), canvas);
+        const int different
+            = differentPixels(picture(channel, Painting::Plain), picture(channel, Painting::Reduced));
+        QVERIFY2(different <= 120, qPrintable(QString::number(different)));
     }
 }
 
@@ -483,6 +564,21 @@ void TestDataReduction::callersKeepTheirPoints()
     picture(channel, Painting::Reduced);
     channel.setData(QVector<double>(100, 1.0), QVector<double>(100, 1.0));
     QCOMPARE(points, SeriesShapes::sine(100));
+}
+
+void TestDataReduction::painterMayBeInactive()
+{
+    ZrQtBufferedChannel channel(&m_window);
+    prepare(channel, QSize(100, 100), wholeSeries);
+    channel.setPointStyle(ZrQtBaseChannel::PointStyle_Circle);
+    channel.setPointSize(3);
+    channel.setData(SeriesShapes::noise(100));
+    QPainter painter;
+    for (const bool reduced : {false, true}) {
+        channel.setDataReduction(reduced);
+        channel.paint(painter);
+    }
+    QVERIFY(!painter.isActive());
 }
 
 void TestDataReduction::oddSeriesDoNoHarm_data()
