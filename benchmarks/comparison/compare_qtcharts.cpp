@@ -92,9 +92,10 @@ private:
             auto *dates = new QDateTimeAxis;
             dates->setFormat(QStringLiteral("hh:mm"));
             axis = dates;
+            // A date axis that has no range when it meets its series never shows one.
+            setRange(axis, 0.0, 1e12);
         } else {
-            auto *values = new QValueAxis;
-            axis = values;
+            axis = new QValueAxis;
         }
         axis->setVisible(axes != Axes::None);
         axis->setGridLineVisible(false);

@@ -7,6 +7,7 @@
 
 #include <memory>
 
+class QImage;
 class QWidget;
 
 namespace comparison {
@@ -33,6 +34,9 @@ public:
 
     /// What a program calls after it has changed something, if the library asks for such a call.
     virtual void replot() { }
+
+    /// Brings everything that is seen up to date in \a image, which is as large as the widget.
+    virtual void paint(QImage &image);
 };
 
 // Each library defines these.
@@ -40,7 +44,7 @@ public:
 /// The name of the library, with its version where there is a choice.
 [[nodiscard]] QString libraryName();
 
-/// The plain mode, and the fastest one that the documentation of the library offers, if that is another.
+/// The plain mode, and the fastest ones that the documentation of the library offers.
 [[nodiscard]] QStringList libraryModes();
 
 [[nodiscard]] std::unique_ptr<Plot> makePlot(const QString &mode, Axes axes);

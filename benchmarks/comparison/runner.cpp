@@ -1,7 +1,6 @@
 #include "plot.h"
 
 #include <QtCore/QCommandLineParser>
-#include <QtCore/QElapsedTimer>
 #include <QtCore/QFile>
 #include <QtCore/QRegularExpression>
 #include <QtGui/QBackingStore>
@@ -11,8 +10,10 @@
 #include <QtWidgets/QWidget>
 
 #include <algorithm>
+#include <chrono>
 #include <cstdio>
 #include <cstdlib>
+#include <ctime>
 #include <optional>
 #include <vector>
 
@@ -24,6 +25,15 @@
 
 namespace comparison {
 
+/// Layouts that a library has put off belong to the frame, too.
+void Plot::paint(QImage &image)
+{
+    replot();
+    QCoreApplication::sendPostedEvents(nullptr, QEvent::MetaCall);
+    QCoreApplication::sendPostedEvents(nullptr, QEvent::LayoutRequest);
+    widget()->render(&image);
+}
+
 namespace {
 
 constexpr QSize plotArea(1200, 600);
@@ -31,6 +41,15 @@ constexpr QSize sizeWithAxes(1320, 680);
 constexpr double longestFrame = 10000.0; // milliseconds
 constexpr int fewestFrames = 3;
 constexpr int mostFrames = 500;
+
+enum class Clock { Wall, Processor };
+
+/// How frames are timed: at least three, and more while they take less than \a budget milliseconds together.
+struct Timing
+{
+    Clock clock = Clock::Wall;
+    double budget = 0.0;
+};
 
 struct Result
 {
@@ -60,14 +79,10 @@ public:
         QCoreApplication::processEvents();
     }
 
-    /// Layouts that a library has put off belong to the frame, too.
     void paintFrame(int frame)
     {
         m_plot->setRange(visibleRange(m_scenario, frame));
-        m_plot->replot();
-        QCoreApplication::sendPostedEvents(nullptr, QEvent::MetaCall);
-        QCoreApplication::sendPostedEvents(nullptr, QEvent::LayoutRequest);
-        m_plot->widget()->render(&m_image);
+        m_plot->paint(m_image);
     }
 
     [[nodiscard]] const QImage &image() const { return m_image; }
@@ -77,6 +92,16 @@ private:
     std::unique_ptr<Plot> m_plot;
     QImage m_image;
 };
+
+/// In milliseconds. The time that the process has computed does not count what others do on the machine
+/// meanwhile.
+double now(Clock clock)
+{
+    if (clock == Clock::Processor)
+        return double(std::clock()) * 1e3 / CLOCKS_PER_SEC;
+    return std::chrono::duration<double, std::milli>(std::chrono::steady_clock::now().time_since_epoch())
+        .count();
+}
 
 double median(std::vector<double> &values)
 {
@@ -88,47 +113,46 @@ double median(std::vector<double> &values)
 /// The median time of a frame in milliseconds, or nothing if one takes too long. Two frames come before those
 /// that count: libraries may prepare something for data that stay. The time of \a prepare does not count.
 template <typename Prepare, typename Frame>
-std::optional<double> measureFrames(double budget, Prepare prepare, Frame frame)
+std::optional<double> measureFrames(const Timing &timing, Prepare prepare, Frame frame)
 {
     constexpr int warmUps = 2;
     std::vector<double> times;
     double sum = 0.0;
     for (int i = 0; i < mostFrames; ++i) {
         prepare();
-        QElapsedTimer timer;
-        timer.start();
+        const double start = now(timing.clock);
         frame(i);
-        const double time = double(timer.nsecsElapsed()) / 1e6;
+        const double time = now(timing.clock) - start;
         if (time > longestFrame)
             return std::nullopt;
         if (i < warmUps)
             continue;
         times.push_back(time);
         sum += time;
-        if (times.size() >= fewestFrames && sum > budget)
+        if (times.size() >= fewestFrames && sum > timing.budget)
             break;
     }
     return median(times);
 }
 
-template <typename Frame> std::optional<double> measureFrames(double budget, Frame frame)
+template <typename Frame> std::optional<double> measureFrames(const Timing &timing, Frame frame)
 {
     return measureFrames(
-        budget, [] {}, frame);
+        timing, [] {}, frame);
 }
 
-Result measureStaticData(const QString &mode, const Scenario &scenario, double budget)
+Result measureStaticData(const QString &mode, const Scenario &scenario, const Timing &timing)
 {
     Stage stage(mode, scenario);
     for (int i = 0; i < scenario.series; ++i)
         stage.plot().setPoints(i, makePoints(scenario.signal, scenario.points, unsigned(i)));
     stage.show();
-    const auto time = measureFrames(budget, [&](int frame) { stage.paintFrame(frame); });
+    const auto time = measureFrames(timing, [&](int frame) { stage.paintFrame(frame); });
     return {time, stage.image()};
 }
 
 /// The vectors exist before the clock starts; handing them over belongs to the frame.
-Result measureStream(const QString &mode, const Scenario &scenario, double budget)
+Result measureStream(const QString &mode, const Scenario &scenario, const Timing &timing)
 {
     constexpr unsigned vectors = 3;
     QVector<QVector<QPointF>> points;
@@ -146,7 +170,7 @@ Result measureStream(const QString &mode, const Scenario &scenario, double budge
     }
     Stage stage(mode, scenario);
     stage.show();
-    const auto time = measureFrames(budget, [&](int frame) {
+    const auto time = measureFrames(timing, [&](int frame) {
         const int next = frame % int(vectors);
         if (scenario.change == Change::NewPoints)
             stage.plot().setPoints(0, points.at(next));
@@ -187,12 +211,12 @@ private:
     Stage m_stage; // dies first, and takes its widget out of the window
 };
 
-Result measureStartUp(const QString &mode, const Scenario &scenario, double budget)
+Result measureStartUp(const QString &mode, const Scenario &scenario, const Timing &timing)
 {
     const QVector<QPointF> points = makePoints(scenario.signal, scenario.points, 0);
     std::optional<Window> window;
     const auto time = measureFrames(
-        budget, [&] { window.reset(); }, [&](int /*frame*/) { window.emplace(mode, scenario, points); });
+        timing, [&] { window.reset(); }, [&](int /*frame*/) { window.emplace(mode, scenario, points); });
     return {time, window->picture()};
 }
 
@@ -222,18 +246,18 @@ Result measureMemory(const QString &mode, const Scenario &scenario)
     return {(after - before) / scenario.points, stage.image()};
 }
 
-Result measure(const QString &mode, const Scenario &scenario, double budget)
+Result measure(const QString &mode, const Scenario &scenario, const Timing &timing)
 {
     switch (scenario.change) {
     case Change::NewPoints:
     case Change::NewSamples:
-        return measureStream(mode, scenario, budget);
+        return measureStream(mode, scenario, timing);
     case Change::StartUp:
-        return measureStartUp(mode, scenario, budget);
+        return measureStartUp(mode, scenario, timing);
     case Change::LargerMemory:
         return measureMemory(mode, scenario);
     default:
-        return measureStaticData(mode, scenario, budget);
+        return measureStaticData(mode, scenario, timing);
     }
 }
 
@@ -263,7 +287,8 @@ bool matches(const QString &name, const QStringList &patterns)
 int run(const QCommandLineParser &options)
 {
     const QString screenshot = options.value(QStringLiteral("screenshot"));
-    const double budget = options.value(QStringLiteral("budget")).toDouble();
+    const Timing timing{options.isSet(QStringLiteral("cpu")) ? Clock::Processor : Clock::Wall,
+                        options.value(QStringLiteral("budget")).toDouble()};
     const QStringList modes = options.isSet(QStringLiteral("mode"))
                                   ? QStringList{options.value(QStringLiteral("mode"))}
                                   : libraryModes();
@@ -272,7 +297,7 @@ int run(const QCommandLineParser &options)
         if (!matches(scenario.name, options.values(QStringLiteral("scenario"))))
             continue;
         for (const QString &mode : modes) {
-            const Result result = measure(mode, scenario, budget);
+            const Result result = measure(mode, scenario, timing);
             if (!screenshot.isEmpty() && !result.picture.save(screenshot))
                 qFatal("cannot write %s", qUtf8Printable(screenshot));
             if (!showsSomething(result.picture))
@@ -315,6 +340,8 @@ int main(int argc, char *argv[])
         {QStringLiteral("budget"),
          QStringLiteral("Time for the frames of a scenario; at least three are painted."),
          QStringLiteral("milliseconds"), QStringLiteral("500")},
+        {QStringLiteral("cpu"),
+         QStringLiteral("Measure the time that the process computes, not that of the wall.")},
         {QStringLiteral("screenshot"), QStringLiteral("Write the last frame to this file."),
          QStringLiteral("file")},
     });
