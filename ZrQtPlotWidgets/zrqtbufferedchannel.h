@@ -56,21 +56,30 @@ public:
     /// Whether paint() draws only what makes a difference on the screen; false at first. Sends
     /// dataReductionChanged() and repaints.
     ///
-    /// If x ascends (NaN and equal neighbours allowed), a picture then costs as much for ten million samples
-    /// as for ten thousand: of the samples in one column of pixels the first, lowest, highest and last are
-    /// drawn, so that no spike is lost. The picture is that of the plain line, but for single pixels at the
-    /// tips of dense zigzags. From the second picture of the same data on, an index speeds up the search; it
-    /// takes some 4 % of the memory of the points. If x does not ascend, every sample is drawn, but wide and
-    /// antialiased lines in short pieces, which does not take minutes. Markers that fall on the same pixel
-    /// are drawn once.
+    /// If x ascends (NaN and equal neighbours allowed), a picture then costs about as much for ten million
+    /// samples as for ten thousand: of more than four samples in one column of pixels of the device, the
+    /// first, lowest, highest and last are drawn, so that no spike is lost. An opaque, solid line that is one
+    /// pixel wide and not antialiased is the plain line, but for single pixels at the tips of dense zigzags;
+    /// other lines look like it. If x does not ascend, every sample is drawn, but opaque and solid lines that
+    /// are wide or antialiased in short pieces, which does not take minutes. Whether x ascends is found out
+    /// once for new points, by a look at all of them.
     ///
-    /// NaN and infinity in a coordinate is a gap, whatever the width of the line.
+    /// From the second picture of the same points on, an index speeds up the search; it takes some 4 % of
+    /// their memory, until they change or the property is switched off.
     ///
-    /// The plain line is the right choice for a few thousand samples, for translucent lines, which grow
-    /// darker where many samples lie above each other only if all are drawn, and for dashed ones, whose
-    /// dashes begin at the first sample that is drawn. Both are reduced as well, but differ from the plain
-    /// line where a column holds many samples. On a printer, in a PDF or QPicture, and under a painter that
-    /// is turned or sheared, every sample is drawn in any case.
+    /// A coordinate that is NaN, infinite, or stored as ±1e300, is a gap, whatever the width of the line.
+    /// More than a few gaps in one column of pixels are not told apart.
+    ///
+    /// Of rectangles and circles as markers, of up to 64 pixels and on devices with one pixel to a unit,
+    /// those that fall on the same pixel are drawn once. Others are drawn as they are, those in sight one by
+    /// one.
+    ///
+    /// The plain line is the right choice for as many samples as there are columns of pixels; for translucent
+    /// lines, which grow darker where many samples lie above each other only if all are drawn; for dashed
+    /// ones, whose dashes begin at the first sample that is drawn; and where the joints of wide or the greys
+    /// of antialiased lines matter. All of them are reduced as well, but differ from the plain line where a
+    /// column holds many samples. On a printer, in a PDF or QPicture, and under a painter that is turned or
+    /// sheared, the plain line is drawn in any case.
     void setDataReduction(bool on);
 
     /// The number of pixel columns that the channel covers: its width, and 0 if it is narrower than a pixel.
