@@ -56,21 +56,30 @@ public:
     /// Whether paint() draws only what makes a difference on the screen; false at first. Sends
     /// dataReductionChanged() and repaints.
     ///
-    /// If x ascends (NaN and equal neighbours allowed), a picture then costs as much for ten million samples
-    /// as for ten thousand: of the samples in one column of pixels the first, lowest, highest and last are
-    /// drawn, so that no spike is lost. The picture is that of the plain line, but for single pixels at the
-    /// tips of dense zigzags. The first picture of new data makes an index, which speeds up all that follow;
-    /// it takes some 4 % of the memory of the points. If x does not ascend, every sample is drawn, but wide
-    /// and antialiased lines in short pieces, which does not take minutes. Markers that fall on the same
-    /// pixel are drawn once.
+    /// If x ascends (NaN and equal neighbours allowed), a picture then costs about as much for ten million
+    /// samples as for ten thousand: of many samples in one column of pixels of the device, those are drawn
+    /// that can be seen, with the first, lowest, highest and last among them, so that no spike is lost. An
+    /// opaque, solid line that is one pixel wide and not antialiased is the plain line, but for single pixels
+    /// at the tips of dense zigzags; other lines look like it. If x does not ascend, every sample is drawn,
+    /// but opaque and solid lines that are wide or antialiased in short pieces, which does not take minutes.
     ///
-    /// NaN and infinity in a coordinate is a gap, whatever the width of the line.
+    /// The first picture of new points looks at all of them once, and makes an index that speeds up all
+    /// pictures that follow. It takes some 4 % of the memory of the points, more if there are many gaps,
+    /// until they change or the property is switched off.
     ///
-    /// The plain line is the right choice for a few thousand samples, for translucent lines, which grow
-    /// darker where many samples lie above each other only if all are drawn, and for dashed ones, whose
-    /// dashes begin at the first sample that is drawn. Both are reduced as well, but differ from the plain
-    /// line where a column holds many samples. On a printer, in a PDF or QPicture, and under a painter that
-    /// is turned or sheared, every sample is drawn in any case.
+    /// A coordinate that is NaN, infinite, or stored as ±1e300, is a gap, whatever the width of the line. A
+    /// sample between two gaps has no line, but its marker. More than eight gaps in one column of pixels are
+    /// not told apart: the line goes from the lowest to the highest sample.
+    ///
+    /// Markers that fall on the same pixel, or the same fraction of one where that can be seen, are drawn
+    /// once.
+    ///
+    /// The plain line is the right choice for as many samples as there are columns of pixels; for translucent
+    /// hairlines, which grow darker where many samples lie above each other only if all are drawn; for dashed
+    /// ones, whose dashes begin at the first sample that is drawn; and where the joints of wide or the greys
+    /// of antialiased lines matter. All of them are reduced as well, but differ from the plain line where a
+    /// column holds many samples. On a printer, in a PDF or QPicture, and under a painter that is turned or
+    /// sheared, every sample is drawn in any case.
     void setDataReduction(bool on);
 
     /// The number of pixel columns that the channel covers: its width, and 0 if it is narrower than a pixel.

@@ -50,7 +50,7 @@ int run(const Options &options)
 
     const auto writePicture = [&window, &options] {
         window.show();
-        // The layout takes its place, and long series choose their points for it.
+        // The layout takes its place, and the plots fit themselves into it.
         for (int round = 0; round < 3; ++round)
             QCoreApplication::processEvents();
         if (window.savePicture(options.screenshot))

@@ -1,6 +1,7 @@
 #include "plotbuilder.h"
 
 #include "axisfeed.h"
+#include "gaps.h"
 #include "palette.h"
 #include "plotreadout.h"
 #include "seriesfeed.h"
@@ -209,7 +210,9 @@ void PlotBuilder::addChannels()
         series.ownAxis = m_ownAxes[i];
         series.x = dataset.x;
         series.values = dataset.columns[static_cast<size_t>(one.column)].values;
-        series.drawn = m_options.logY ? logarithms(series.values) : series.values;
+        const QVector<double> drawn = m_options.logY ? logarithms(series.values) : series.values;
+        series.points = pointsOf(series.x, drawn);
+        series.hasLonelySample = hasLonelySample(drawn);
         series.extent = bounds(showableX(dataset), showable(one.info.range));
         series.sorted = dataset.xSorted;
         series.xScale = scaleOf(dataset.xKind);

@@ -3,7 +3,9 @@
 
 #include "axisfeed.h"
 
+#include <QtCore/QPointF>
 #include <QtCore/QPointer>
+#include <QtCore/QRectF>
 #include <QtCore/QVector>
 
 #include <ZrQtPlotWidgets/zrqtaxis.h>
@@ -15,10 +17,11 @@ struct PlottedSeries
     QPointer<ZrQtBufferedChannel> channel;
     QPointer<ZrQtAxis> ownAxis; ///< the axis that wears the colour of the channel; null if it is shared
     QVector<double> x;
-    QVector<double> values; ///< those of the file
-    QVector<double> drawn;  ///< the same, or their logarithms
-    QRectF extent;          ///< what the plot scales on
-    bool sorted = true;     ///< no x is smaller than the one before
+    QVector<double> values;       ///< those of the file
+    QVector<QPointF> points;      ///< what is drawn, over x: the values, or their logarithms
+    bool hasLonelySample = false; ///< one of the points stands between two gaps
+    QRectF extent;                ///< what the plot scales on
+    bool sorted = true;           ///< no x is smaller than the one before
     AxisScale xScale = AxisScale::Numbers;
 
     bool isShown() const { return channel && channel->isSelectedForDisplay(); }

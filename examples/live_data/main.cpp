@@ -13,6 +13,14 @@ constexpr int period = 50;              // milliseconds between two samples
 constexpr double visibleTime = 20000.0; // milliseconds
 constexpr int keptSamples = 1200;       // a minute, of which the user can look back at what has left
 
+/// Milliseconds since the epoch. A picture of the program (--screenshot FILE.png) always shows the same
+/// moment.
+double now()
+{
+    const bool isForPicture = QCoreApplication::arguments().contains(QStringLiteral("--screenshot"));
+    return isForPicture ? 1795225000000.0 : double(QDateTime::currentMSecsSinceEpoch());
+}
+
 /// One trace per channel, one above the other, as on a paper recorder.
 double measure(int channel, double time)
 {
@@ -45,6 +53,7 @@ int main(int argc, char *argv[])
     QVector<ZrQtBufferedChannel *> channels;
     for (int i = 0; i < channelCount; ++i) {
         channels.append(new ZrQtBufferedChannel(&plot));
+        channels.last()->setDataReduction(true); // draws what can be seen of many samples
         channels.last()->setLineColor(QColor::fromHsv(i * 330 / channelCount, 230, 180));
     }
 
@@ -66,17 +75,17 @@ int main(int argc, char *argv[])
             channels.at(i)->setData(times, values.at(i));
     };
 
-    const double start = double(QDateTime::currentMSecsSinceEpoch());
+    const double start = now();
     plot.setInitialCanvas(QRectF(start - visibleTime, 0.0, visibleTime, channelCount));
     plot.setDefaultScalingX(ZrQtPlot::KeepAtHead); // the newest sample stands at the right
     plot.setDefaultScalingY(ZrQtPlot::Manual);
-    for (int i = keptSamples; i > 0; --i)
+    for (int i = keptSamples - 1; i >= 0; --i)
         addSample(start - i * period);
     showSamples();
 
     QTimer timer;
     QObject::connect(&timer, &QTimer::timeout, &plot, [&] {
-        addSample(double(QDateTime::currentMSecsSinceEpoch()));
+        addSample(now());
         showSamples();
     });
     timer.start(period);

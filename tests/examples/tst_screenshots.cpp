@@ -11,6 +11,7 @@ class TestScreenshots : public QuietTest
 private Q_SLOTS:
     void exampleMakesItsPicture_data();
     void exampleMakesItsPicture();
+    void picturesOfLiveDataAreTheSame();
     void aPictureThatCannotBeWrittenIsAnError();
 };
 
@@ -53,6 +54,19 @@ void TestScreenshots::exampleMakesItsPicture()
     const QString kept = QStringLiteral(EXAMPLES_SOURCE_DIR "/%1/screenshot.png").arg(example);
     QVERIFY2(hasSeveralColors(QImage(kept)), "tools/screenshots.sh has not made the picture");
     QVERIFY2(QFileInfo(kept).size() < 60000, "the picture in the repository is too large");
+}
+
+void TestScreenshots::picturesOfLiveDataAreTheSame()
+{
+    const QTemporaryDir folder;
+    QImage pictures[2];
+    for (QImage &picture : pictures) {
+        const QString file = folder.filePath(QStringLiteral("picture.png"));
+        const QStringList arguments = {QStringLiteral("--screenshot"), file};
+        QCOMPARE(QProcess::execute(program(QStringLiteral("live_data")), arguments), 0);
+        picture = QImage(file);
+    }
+    QCOMPARE(pictures[0], pictures[1]);
 }
 
 void TestScreenshots::aPictureThatCannotBeWrittenIsAnError()

@@ -126,6 +126,8 @@ void TestMainWindow::opensAFile()
     QCOMPARE(plots(window).size(), 1);
     QCOMPARE(channels(window), QStringList({QStringLiteral("a"), QStringLiteral("b")}));
     QVERIFY(plots(window).first()->isVisible());
+    for (const auto *channel : window.findChildren<ZrQtBufferedChannel *>())
+        QVERIFY(channel->dataReduction());
     QCOMPARE(window.reports(), QStringList());
     QCOMPARE(window.windowTitle(), QStringLiteral("f.csv \u2013 ZrQtPlot Viewer"));
     QVERIFY(statusShows(window, QStringLiteral("f.csv: 2 rows")));

@@ -107,6 +107,7 @@ private Q_SLOTS:
     void painterMayBeTransformed();
     void newDataIsSeen();
     void callersKeepTheirPoints();
+    void pointsAreShared();
     void painterMayBeInactive();
     void oddSeriesDoNoHarm_data();
     void oddSeriesDoNoHarm();
@@ -579,6 +580,21 @@ void TestDataReduction::painterMayBeInactive()
         channel.paint(painter);
     }
     QVERIFY(!painter.isActive());
+}
+
+/// The channel, and all that painting needs to know of the points, use the caller's memory, and let go of it.
+void TestDataReduction::pointsAreShared()
+{
+    ZrQtBufferedChannel channel(&m_window);
+    prepare(channel, QSize(200, 100), wholeSeries);
+    const Points points = SeriesShapes::noise(1000);
+    channel.setData(points);
+    for (int round = 0; round < 2; ++round) {
+        picture(channel, Painting::Reduced);
+        QVERIFY(!points.isDetached());
+    }
+    channel.setData(QVector<double>{1.0, 2.0});
+    QVERIFY(points.isDetached());
 }
 
 void TestDataReduction::oddSeriesDoNoHarm_data()

@@ -108,6 +108,7 @@ void TestPaintCount::changePaintsOnce_data()
 {
     QTest::addColumn<Place>("place");
     QTest::addColumn<bool>("viaPlot");
+    QTest::addColumn<bool>("reduced");
     QTest::addColumn<Change>("change");
     QTest::addColumn<bool>("paintsAll"); // otherwise the plot and the first channel
 
@@ -124,19 +125,26 @@ void TestPaintCount::changePaintsOnce_data()
     };
     const Change canvas
         = [](Scene &scene) { scene.plot->setCanvas(QRectF(0.2, -0.3, 0.4, 0.5), ZrQtPlot::COSY_0); };
+    const Change otherReduction = [](Scene &scene) {
+        ZrQtBufferedChannel *channel = scene.channels.first();
+        channel->setDataReduction(!channel->dataReduction());
+    };
     const Change size = [](Scene &scene) { scene.plot->resize(640, 430); };
     for (const Place place : {Place::Embedded, Place::OwnWindow}) {
         for (const bool viaPlot : {false, true}) {
-            const auto addRow = [=](const char *name, const Change &change, bool paintsAll) {
-                QTest::addRow("%s%s%s", name, place == Place::Embedded ? ", embedded" : "",
-                              viaPlot ? ", via the plot" : "")
-                    << place << viaPlot << change << paintsAll;
-            };
-            addRow("data within the same extent", sameExtent, false);
-            addRow("data with a new extent", newExtent, true);
-            addRow("data with a rectangle", withRectangle, false);
-            addRow("canvas", canvas, true);
-            addRow("size", size, true);
+            for (const bool reduced : {false, true}) {
+                const auto addRow = [=](const char *name, const Change &change, bool paintsAll) {
+                    QTest::addRow("%s%s%s%s", name, place == Place::Embedded ? ", embedded" : "",
+                                  viaPlot ? ", via the plot" : "", reduced ? ", reduced" : "")
+                        << place << viaPlot << reduced << change << paintsAll;
+                };
+                addRow("data within the same extent", sameExtent, false);
+                addRow("data with a new extent", newExtent, true);
+                addRow("data with a rectangle", withRectangle, false);
+                addRow("canvas", canvas, true);
+                addRow("size", size, true);
+                addRow("data reduction", otherReduction, false);
+            }
         }
     }
 }
@@ -145,11 +153,14 @@ void TestPaintCount::changePaintsOnce()
 {
     QFETCH(Place, place);
     QFETCH(bool, viaPlot);
+    QFETCH(bool, reduced);
     QFETCH(Change, change);
     QFETCH(bool, paintsAll);
     Scene scene(place);
     QVERIFY(scene.exposed);
     scene.plot->setControlChannelUpdatesViaPlot(viaPlot);
+    for (ZrQtBufferedChannel *channel : std::as_const(scene.channels))
+        channel->setDataReduction(reduced);
     QApplication::processEvents();
 
     EventCount paints(QEvent::Paint);
