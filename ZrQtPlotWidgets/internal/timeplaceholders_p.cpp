@@ -15,7 +15,9 @@ void writeNumber(QByteArray &text, long long number, int digits = 1)
 {
     if (number < 0)
         text += '-';
-    text += QByteArray::number(std::abs(number)).rightJustified(digits, '0');
+    const QByteArray written = QByteArray::number(std::abs(number));
+    text.append(std::max(digits - written.size(), 0), '0');
+    text += written;
 }
 
 // The whole part of `fraction` times `scale` plus one half; never `scale` itself, which would not fit.

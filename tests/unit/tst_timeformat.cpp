@@ -178,7 +178,7 @@ void TestTimeFormat::everyPlaceholderIsTested()
 {
     QCOMPARE(int(timePlaceholders().size()), 40);
     for (const TimePlaceholder &placeholder : timePlaceholders())
-        QVERIFY(placeholder.name && placeholder.write);
+        QVERIFY(!placeholder.name.empty() && placeholder.write);
 }
 
 void TestTimeFormat::dates_data()
