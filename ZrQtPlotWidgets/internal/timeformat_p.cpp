@@ -13,8 +13,13 @@ namespace {
 // A text need not end with a zero byte: QByteArray::fromRawData() makes such ones.
 const TimePlaceholder *placeholderAt(std::string_view text)
 {
+    if (text.size() < 2)
+        return nullptr;
     const auto &all = timePlaceholders();
-    const auto matches = [text](const TimePlaceholder &p) { return text.substr(0, p.name.size()) == p.name; };
+    // The character after the percent sign rules out most of them.
+    const auto matches = [text](const TimePlaceholder &p) {
+        return text[1] == p.name[1] && text.substr(0, p.name.size()) == p.name;
+    };
     const auto found = std::find_if(all.begin(), all.end(), matches);
     return found == all.end() ? nullptr : &*found;
 }
