@@ -79,6 +79,8 @@ private:
     void letGo();
 
     OpenPlot *makePlot();
+    void furnish(OpenPlot *plot);
+    void stageThing(QWidget *widget);
     OpenPlot *plot() { return m_plots[m_input.below(2)]; }
     QWidget *thing();
     template <typename Widget> Widget *anyThing();
@@ -115,6 +117,7 @@ private:
     void processEvents();
 
     ByteInput &m_input;
+    const int m_beginning;
     const bool m_tame;
     QWidget m_windows[2];
     QPointer<OpenPlot> m_plots[2];
@@ -124,7 +127,8 @@ private:
 
 Stage::Stage(ByteInput &input)
     : m_input(input)
-    , m_tame(input.flag())
+    , m_beginning(input.below(4))
+    , m_tame(m_beginning % 2 == 1)
 {
     m_windows[0].resize(500, 400);
     m_windows[1].resize(300, 200);
@@ -132,6 +136,8 @@ Stage::Stage(ByteInput &input)
         m_plots[i] = makePlot();
         m_plots[i]->setParent(&m_windows[i]);
         m_plots[i]->resize(m_windows[i].size());
+        if (m_beginning >= 2)
+            furnish(m_plots[i]);
         m_windows[i].show();
     }
 }
@@ -148,6 +154,37 @@ OpenPlot *Stage::makePlot()
     made->setMouseWheelZoom(true);
     made->setInteraction(ZrQtPlot::PanAndScan);
     return made;
+}
+
+void Stage::stageThing(QWidget *widget)
+{
+    widget->show();
+    m_things.append(widget);
+}
+
+/// Something of everything, because an input seldom lives to see a plot that is worth a look.
+void Stage::furnish(OpenPlot *plot)
+{
+    for (const Qt::Edge edge : {Qt::LeftEdge, Qt::BottomEdge}) {
+        auto *axis = new ZrQtAxis(plot);
+        axis->setPosition(edge);
+        axis->setUseForGrid(true);
+        stageThing(axis);
+    }
+    auto *curve = new ZrQtBufferedChannel(plot);
+    curve->setName(QStringLiteral("curve"));
+    curve->setData({0.0, 10.0, 20.0, 40.0}, {5.0, -5.0, 20.0, 0.0});
+    stageThing(curve);
+
+    auto *content = new ZrQtPlotChannel(plot);
+    content->setPoints({{5, 5}, {8, 12}, {30, 2}});
+    content->setRectangles({{10, 0, 5, 5}});
+    content->setCircles({{20, 5, 6, 6}});
+    content->setLines({{30, 10, 35, 15}});
+    content->setLineSegments({{2, 15, 6, 18}});
+    content->setEditable(true);
+    stageThing(content);
+    plot->setGenerateLegend(true);
 }
 
 void Stage::play()
