@@ -1,5 +1,6 @@
 #include "zrqtplot_p.h"
 
+#include "internal/deviceclip_p.h"
 #include "internal/painterstate_p.h"
 #include "zrqtaxis.h"
 
@@ -76,6 +77,8 @@ bool isFinite(const ScreenCircle &circle)
 
 void ZrQtPlotPrivate::paintGrid(QPainter &painter)
 {
+    const PainterState saved(painter);
+    clipToDevice(painter);
     for (PlotAxis axis : {ZrQtPlot::Axis_X, ZrQtPlot::Axis_Y}) {
         const GridLines lines = gridLines(axis);
         painter.setPen(QPen(Qt::lightGray, 1.0, gridStyle));

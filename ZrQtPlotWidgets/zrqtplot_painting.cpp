@@ -1,6 +1,5 @@
 #include "zrqtplot_p.h"
 
-#include "internal/painterstate_p.h"
 #include "zrqtbasechannel.h"
 
 #include <QtGui/QPainter>
@@ -26,7 +25,6 @@ void ZrQtPlotPrivate::paintDirectly(QPainter &painter)
 {
     painter.fillRect(m_plotRect, backgroundColor);
     paintFrame(painter);
-    const PainterState saved(painter);
     paintGrid(painter);
 }
 
@@ -100,7 +98,6 @@ void ZrQtPlotPrivate::redrawImage(bool resized)
         if (m_channels.contains(channel) && channel->isVisible())
             channel->paint(painter);
     }
-    const PainterState saved(painter);
     painter.translate(-m_plotRect.topLeft());
     paintGrid(painter);
     m_paintedCosys = m_cosys;

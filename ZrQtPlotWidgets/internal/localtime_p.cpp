@@ -80,7 +80,12 @@ double wholeElapsedUnits(double milliseconds, TimeUnit unit)
     // Counted in microseconds, in which every unit is a whole number.
     constexpr double lengths[] = {1.0, 1e3, 1e6, 6e7, 3.6e9, 8.64e10};
     const double length = lengths[int(std::min(unit, TimeUnit::Day))];
-    const double whole = std::floor(milliseconds * 1000.0 / length) * length / 1000.0;
+    const double units = std::floor(milliseconds * 1000.0 / length);
+    const auto start = [length](double count) { return count * length / 1000.0; };
+    // The quotient is rounded: 1.001 ms are a hair less than 1001 us. What decides is where a unit starts.
+    const double whole = start(units + 1.0) <= milliseconds ? start(units + 1.0)
+                         : start(units) <= milliseconds     ? start(units)
+                                                            : start(units - 1.0);
     return std::isfinite(whole) ? whole : milliseconds;
 }
 

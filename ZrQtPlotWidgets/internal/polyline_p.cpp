@@ -1,10 +1,9 @@
 #include "polyline_p.h"
 
+#include "deviceclip_p.h"
 #include "painterstate_p.h"
 
 #include <QtCore/QLineF>
-#include <QtGui/QPaintDevice>
-#include <QtGui/QPaintEngine>
 #include <QtGui/QPainter>
 #include <QtGui/QPen>
 
@@ -57,19 +56,6 @@ std::optional<QLineF> segmentWithin(const QPointF &from, const QPointF &to, cons
     if (!cutX(line, box.top(), box.bottom()))
         return std::nullopt;
     return transposed(line);
-}
-
-/// Clips to all that can be painted on, which changes no pixel: without any clip Qt looks at the clip of the
-/// device for every single pixel of a thin line.
-void clipToDevice(QPainter &painter)
-{
-    if (painter.paintEngine()->type() != QPaintEngine::Raster || painter.viewTransformEnabled())
-        return;
-    const QTransform transform = painter.worldTransform();
-    painter.setWorldTransform(QTransform());
-    painter.setClipRect(QRect(0, 0, painter.device()->width(), painter.device()->height()),
-                        Qt::IntersectClip);
-    painter.setWorldTransform(transform);
 }
 
 } // namespace

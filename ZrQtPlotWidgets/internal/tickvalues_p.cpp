@@ -4,6 +4,7 @@
 
 #include <algorithm>
 #include <cmath>
+#include <iterator>
 #include <limits>
 
 namespace ZrTicks {
@@ -177,9 +178,11 @@ QVector<double> makeSubTicks(const TickParameters &parameters, const TickScale &
     const double highest = std::max(1.0, ticks.constLast().position);
     double from = parameters.equalSpaced ? ticks.constFirst().position
                                          : (step.firstTick - step.step - scale.range.lo) / span;
+    int placed = 0;
     for (int k = 1; k < ticks.size(); ++k) {
         const double to = ticks.at(k).position;
-        for (int j = 0; j <= count && subTicks.size() < mostSubTicks; ++j) {
+        // Those that lie outside count as well: the work is bounded, not only its outcome.
+        for (int j = 0; j <= count && placed < mostSubTicks; ++j, ++placed) {
             const double position = from + (to - from) * subTickFraction(j, count, decade);
             if (lowest <= position && position <= highest)
                 subTicks.append(position);
@@ -199,9 +202,14 @@ void removeCoveredSubTicks(QVector<double> &subTicks, const QVector<Tick> &ticks
     if (!std::is_sorted(positions.cbegin(), positions.cend()))
         std::sort(positions.begin(), positions.end());
 
-    const auto isCovered = [&positions](double subTick) {
-        const auto nearest
-            = std::lower_bound(positions.cbegin(), positions.cend(), subTick - coveredDistance);
+    // Sub-ticks come in order, so that the nearest tick is mostly that of the sub-tick before.
+    auto nearest = positions.cbegin();
+    const auto isCovered = [&positions, &nearest](double subTick) {
+        const double lowest = subTick - coveredDistance;
+        if (nearest != positions.cbegin() && !(*std::prev(nearest) < lowest))
+            nearest = std::lower_bound(positions.cbegin(), nearest, lowest);
+        while (nearest != positions.cend() && *nearest < lowest)
+            ++nearest;
         return nearest != positions.cend() && std::fabs(*nearest - subTick) <= coveredDistance;
     };
     subTicks.erase(std::remove_if(subTicks.begin(), subTicks.end(), isCovered), subTicks.end());

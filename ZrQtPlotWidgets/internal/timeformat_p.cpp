@@ -4,9 +4,7 @@
 
 #include <algorithm>
 #include <cmath>
-#include <cstring>
 #include <limits>
-#include <string_view>
 
 namespace ZrTicks {
 
@@ -15,10 +13,12 @@ namespace {
 // A text need not end with a zero byte: QByteArray::fromRawData() makes such ones.
 const TimePlaceholder *placeholderAt(std::string_view text)
 {
+    if (text.size() < 2)
+        return nullptr;
     const auto &all = timePlaceholders();
+    // The character after the percent sign rules out most of them.
     const auto matches = [text](const TimePlaceholder &p) {
-        const std::string_view name(p.name);
-        return text.substr(0, name.size()) == name;
+        return text[1] == p.name[1] && text.substr(0, p.name.size()) == p.name;
     };
     const auto found = std::find_if(all.begin(), all.end(), matches);
     return found == all.end() ? nullptr : &*found;
@@ -52,7 +52,7 @@ TimeFormat::TimeFormat(const QByteArray &format)
             = format.at(i) == '%' ? placeholderAt(text.substr(size_t(i))) : nullptr;
         if (placeholder) {
             appendPlaceholder(placeholder);
-            i += int(std::strlen(placeholder->name));
+            i += int(placeholder->name.size());
         } else {
             appendLiteral(format.at(i));
             ++i;

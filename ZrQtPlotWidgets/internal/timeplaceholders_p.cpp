@@ -4,7 +4,10 @@
 #include "timenames_p.h"
 
 #include <algorithm>
+#include <charconv>
 #include <cmath>
+#include <iterator>
+#include <limits>
 
 namespace ZrTicks {
 
@@ -15,7 +18,11 @@ void writeNumber(QByteArray &text, long long number, int digits = 1)
 {
     if (number < 0)
         text += '-';
-    text += QByteArray::number(std::abs(number)).rightJustified(digits, '0');
+    char written[std::numeric_limits<long long>::digits10 + 1];
+    const char *const end = std::to_chars(std::begin(written), std::end(written), std::abs(number)).ptr;
+    const int count = int(end - written);
+    text.append(std::max(digits - count, 0), '0');
+    text.append(written, count);
 }
 
 // The whole part of `fraction` times `scale` plus one half; never `scale` itself, which would not fit.

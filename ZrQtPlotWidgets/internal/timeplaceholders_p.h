@@ -8,6 +8,7 @@
 
 #include <array>
 #include <optional>
+#include <string_view>
 
 namespace ZrTicks {
 
@@ -25,7 +26,7 @@ enum class TimeSource { Nothing, Calendar, Elapsed };
 /// A placeholder of the time-format language.
 struct TimePlaceholder
 {
-    const char *name;
+    std::string_view name;
     TimeSource source;
     std::optional<UnitRow> row;                                ///< the step candidates that suit it
     std::optional<TimeUnit> unit;                              ///< the smallest difference that it shows

@@ -79,6 +79,8 @@ private:
     void letGo();
 
     OpenPlot *makePlot();
+    void furnish(OpenPlot *plot);
+    void stageThing(QWidget *widget);
     OpenPlot *plot() { return m_plots[m_input.below(2)]; }
     QWidget *thing();
     template <typename Widget> Widget *anyThing();
@@ -100,7 +102,10 @@ private:
     void setPlotSwitches();
     void connectSliders();
     void feedChannel();
+    void feedLongSeries();
     void feedPlotChannel(ZrQtPlotChannel *channel);
+    void styleChannel();
+    void dragContent();
     void changeAxis();
     void typeIntoAxis();
     void changeChannel();
@@ -112,6 +117,7 @@ private:
     void processEvents();
 
     ByteInput &m_input;
+    const int m_beginning;
     const bool m_tame;
     QWidget m_windows[2];
     QPointer<OpenPlot> m_plots[2];
@@ -121,7 +127,8 @@ private:
 
 Stage::Stage(ByteInput &input)
     : m_input(input)
-    , m_tame(input.flag())
+    , m_beginning(input.below(4))
+    , m_tame(m_beginning % 2 == 1)
 {
     m_windows[0].resize(500, 400);
     m_windows[1].resize(300, 200);
@@ -129,6 +136,8 @@ Stage::Stage(ByteInput &input)
         m_plots[i] = makePlot();
         m_plots[i]->setParent(&m_windows[i]);
         m_plots[i]->resize(m_windows[i].size());
+        if (m_beginning >= 2)
+            furnish(m_plots[i]);
         m_windows[i].show();
     }
 }
@@ -147,6 +156,37 @@ OpenPlot *Stage::makePlot()
     return made;
 }
 
+void Stage::stageThing(QWidget *widget)
+{
+    widget->show();
+    m_things.append(widget);
+}
+
+/// Something of everything, because an input seldom lives to see a plot that is worth a look.
+void Stage::furnish(OpenPlot *plot)
+{
+    for (const Qt::Edge edge : {Qt::LeftEdge, Qt::BottomEdge}) {
+        auto *axis = new ZrQtAxis(plot);
+        axis->setPosition(edge);
+        axis->setUseForGrid(true);
+        stageThing(axis);
+    }
+    auto *curve = new ZrQtBufferedChannel(plot);
+    curve->setName(QStringLiteral("curve"));
+    curve->setData({0.0, 10.0, 20.0, 40.0}, {5.0, -5.0, 20.0, 0.0});
+    stageThing(curve);
+
+    auto *content = new ZrQtPlotChannel(plot);
+    content->setPoints({{5, 5}, {8, 12}, {30, 2}});
+    content->setRectangles({{10, 0, 5, 5}});
+    content->setCircles({{20, 5, 6, 6}});
+    content->setLines({{30, 10, 35, 15}});
+    content->setLineSegments({{2, 15, 6, 18}});
+    content->setEditable(true);
+    stageThing(content);
+    plot->setGenerateLegend(true);
+}
+
 void Stage::play()
 {
     for (int i = 0; i < mostSteps && !m_input.isAtEnd(); ++i) {
@@ -160,13 +200,13 @@ void Stage::play()
 
 void Stage::step()
 {
-    static constexpr void (Stage::*acts[])() = {
-        &Stage::createThing,     &Stage::addThing,        &Stage::removeThing,      &Stage::deleteThing,
-        &Stage::setPlotProperty, &Stage::setPlotProperty, &Stage::setThingProperty, &Stage::setThingProperty,
-        &Stage::setCanvas,       &Stage::setScaling,      &Stage::setPlotSwitches,  &Stage::connectSliders,
-        &Stage::feedChannel,     &Stage::feedChannel,     &Stage::changeAxis,       &Stage::typeIntoAxis,
-        &Stage::changeChannel,   &Stage::moveMouse,       &Stage::moveMouse,        &Stage::pressMouse,
-        &Stage::turnTheWheel,    &Stage::pressKey,        &Stage::changePlotWidget, &Stage::processEvents};
+    static constexpr void (Stage::*acts[])()
+        = {&Stage::createThing,     &Stage::addThing,       &Stage::removeThing,      &Stage::deleteThing,
+           &Stage::setPlotProperty, &Stage::dragContent,    &Stage::setThingProperty, &Stage::styleChannel,
+           &Stage::setCanvas,       &Stage::setScaling,     &Stage::setPlotSwitches,  &Stage::connectSliders,
+           &Stage::feedChannel,     &Stage::feedLongSeries, &Stage::changeAxis,       &Stage::typeIntoAxis,
+           &Stage::changeChannel,   &Stage::moveMouse,      &Stage::moveMouse,        &Stage::pressMouse,
+           &Stage::turnTheWheel,    &Stage::pressKey,       &Stage::changePlotWidget, &Stage::processEvents};
     (this->*m_input.anyOf(acts))();
     m_things.removeAll(nullptr);
 }
@@ -567,6 +607,42 @@ void Stage::feedChannel()
     }
 }
 
+/// More points than pixels, drawn in either way.
+void Stage::feedLongSeries()
+{
+    auto *channel = anyThing<ZrQtBufferedChannel>();
+    if (!channel)
+        return;
+    channel->setDataReduction(m_input.flag());
+    QVector<QPointF> points(1 << m_input.below(13));
+    const QPointF start = point();
+    const QPointF step = point() / 100.0;
+    const int period = 1 + m_input.below(64);
+    for (int i = 0; i < points.size(); ++i)
+        points[i] = {start.x() + i * step.x(), start.y() + (i % period) * step.y()};
+    if (!m_tame) {
+        for (int i = period; i < points.size(); i += period)
+            points[i] = point();
+    }
+    channel->setData(points);
+}
+
+/// What a channel is drawn with: values that show, unlike those of a hostile property.
+void Stage::styleChannel()
+{
+    auto *channel = anyThing<ZrQtBaseChannel>();
+    if (!channel)
+        return;
+    channel->setLineStyle(Qt::PenStyle(m_input.below(6)));
+    channel->setLineWidth(m_input.below(8));
+    channel->setPointStyle(ZrQtBaseChannel::PointStyle(m_input.below(5)));
+    channel->setPointSize(m_input.below(16));
+    channel->setFillStyle(Qt::BrushStyle(m_input.below(15)));
+    channel->setFillColor(QColor::fromRgba(m_input.raw<QRgb>()));
+    channel->setLineColor(QColor::fromRgba(m_input.raw<QRgb>()));
+    channel->setAntialiasing(m_input.flag());
+}
+
 void Stage::feedPlotChannel(ZrQtPlotChannel *channel)
 {
     const auto makeRect = [this] { return rect(); };
@@ -693,6 +769,40 @@ void Stage::pressMouse()
     QWidget *target = QWidget::mouseGrabber() ? QWidget::mouseGrabber() : child ? child : over;
     sendMouse(target, type, target->mapFromGlobal(over->mapToGlobal(position)), button,
               type == QEvent::MouseButtonRelease ? Qt::NoButton : button);
+}
+
+/// At the content of a channel, or at a handle of a slider, where a random pixel would hardly hit.
+void Stage::dragContent()
+{
+    QWidget *target = thing();
+    const QPoint by(m_input.raw<std::int8_t>(), m_input.raw<std::int8_t>());
+    QPoint from(m_input.below(256) * 2, m_input.below(256) * 2);
+    if (auto *channel = qobject_cast<ZrQtPlotChannel *>(target)) {
+        QVector<QPointF> places = channel->points();
+        for (const QRectF &each : channel->rectangles() + channel->circles())
+            places << each.topLeft() << each.center() << QPointF(each.right(), each.center().y());
+        for (const QLineF &each : channel->lines() + channel->lineSegments())
+            places << each.p1() << each.center() << each.p2();
+        places << channel->boundingRect().center();
+        from = channel->mapToPixel(places.at(m_input.below(std::min(places.size(), 256))));
+    }
+    if (!target || !target->rect().contains(from))
+        return;
+    // In a plot a channel hears of the mouse from it alone.
+    QWidget *receiver = target->parentWidget() && qobject_cast<ZrQtBaseChannel *>(target)
+                            ? target->parentWidget()->childAt(target->mapToParent(from))
+                            : target;
+    if (!receiver)
+        return;
+    const QPointer<QWidget> alive(receiver);
+    const QPoint local = receiver->mapFrom(target->window(), target->mapTo(target->window(), from));
+    moveTo(receiver, local, Qt::NoButton);
+    if (alive)
+        press(receiver, local);
+    if (alive)
+        moveTo(receiver, local + by);
+    if (alive && m_input.flag())
+        release(receiver, local + by);
 }
 
 void Stage::turnTheWheel()

@@ -17,7 +17,8 @@ inline QVariant hostileValue(const QMetaProperty &property, ByteInput &input)
     if (property.isEnumType() && !qstrncmp(property.enumerator().scope(), "Qt", 2))
         return input.below(16);
     if (property.isEnumType())
-        return input.flag() ? 1 << input.below(5) : input.integer();
+        return input.flag() ? property.enumerator().value(input.below(property.enumerator().keyCount()))
+                            : input.integer();
     switch (property.userType()) {
     case QMetaType::Bool:
         return input.flag();

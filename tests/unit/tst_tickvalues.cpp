@@ -102,6 +102,7 @@ private Q_SLOTS:
     void subTicksReachBoundsThatWereMoved();
     void subTicksOfEqualSpaced();
     void subTicksAreCapped();
+    void subTicksOutsideAreWorkToo();
     void coveredSubTicks();
     void crowdedTicks_data();
     void crowdedTicks();
@@ -441,6 +442,16 @@ void TestTickValues::subTicksAreCapped()
     QCOMPARE(makeSubTicks(TickParameters(), TickScale(0.0, 1.0, false), step, ticks).size(), 100000);
     step.subTicksPerInterval = 40000;
     QCOMPARE(makeSubTicks(TickParameters(), TickScale(0.0, 1.0, false), step, ticks).size(), 80002);
+}
+
+void TestTickValues::subTicksOutsideAreWorkToo()
+{
+    TickStep step;
+    step.step = 1.0;
+    step.subTicksPerInterval = 100000;
+    const Numbers found
+        = makeSubTicks(TickParameters(), TickScale(0.0, 1.0, false), step, ticksAt({-1.0, 4.0, 0.0, 1.0}));
+    QVERIFY2(found.size() < 50000, qPrintable(QString::number(found.size())));
 }
 
 void TestTickValues::coveredSubTicks()

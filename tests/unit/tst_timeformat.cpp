@@ -93,6 +93,7 @@ private Q_SLOTS:
     void resolutionWithReference();
     void resolutionIsExact();
     void resolutionOfElapsedUnits();
+    void wholeMicrosecondLosesNothing();
     void levels_data();
     void levels();
     void levelTexts();
@@ -177,7 +178,7 @@ void TestTimeFormat::everyPlaceholderIsTested()
 {
     QCOMPARE(int(timePlaceholders().size()), 40);
     for (const TimePlaceholder &placeholder : timePlaceholders())
-        QVERIFY(placeholder.name && placeholder.write);
+        QVERIFY(!placeholder.name.empty() && placeholder.write);
 }
 
 void TestTimeFormat::dates_data()
@@ -562,6 +563,19 @@ void TestTimeFormat::resolutionOfElapsedUnits()
     QCOMPARE(TimeFormat("%aMs").toResolution(1999.5), 1999.0);
     QCOMPARE(TimeFormat("%aUs").toResolution(1999.5), 1999.5);
     QCOMPARE(TimeFormat("%ah").toResolution(2.75 * hour, 0.5 * hour), 2.5 * hour);
+}
+
+void TestTimeFormat::wholeMicrosecondLosesNothing()
+{
+    for (const char *format : {"%Us", "%aUs"}) {
+        const TimeFormat microseconds(format);
+        for (int i = 0; i < 5000; ++i) {
+            const double whole = i / 1000.0;
+            QCOMPARE(microseconds.toResolution(whole), whole);
+            const double before = std::nextafter(whole, -1.0);
+            QVERIFY2(microseconds.toResolution(before) <= before, format);
+        }
+    }
 }
 
 void TestTimeFormat::levels_data()
