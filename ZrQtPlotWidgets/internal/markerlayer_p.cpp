@@ -7,26 +7,48 @@
 #include <algorithm>
 #include <array>
 #include <cmath>
+#include <cstring>
 
 namespace {
 
 constexpr int opaque = 255;
+constexpr int rowsInBand = 16;
 
 int floorDivided(int number, int divisor)
 {
     return static_cast<int>(std::floor(double(number) / divisor));
 }
 
-/// What is set in `added` is set in `bytes` as well.
+/// What is set in `added` is set in `bytes` as well. Eight at a time, which compilers do not do by themselves
+/// if both may be the same.
 void addBytes(unsigned char *bytes, const unsigned char *added, int count)
 {
-    for (int i = 0; i < count; ++i)
+    constexpr int wordSize = sizeof(quint64);
+    int i = 0;
+    for (; i + wordSize <= count; i += wordSize) {
+        quint64 word = 0;
+        quint64 addedWord = 0;
+        std::memcpy(&word, bytes + i, sizeof word);
+        std::memcpy(&addedWord, added + i, sizeof addedWord);
+        word |= addedWord;
+        std::memcpy(bytes + i, &word, sizeof word);
+    }
+    for (; i < count; ++i)
         bytes[i] |= added[i];
 }
 
 unsigned char blended(int over, int under)
 {
     return static_cast<unsigned char>(under + ((opaque - under) * over + opaque / 2) / opaque);
+}
+
+/// The alpha of a number of layers above each other.
+int layered(int alpha, int layers)
+{
+    int sum = 0;
+    for (int i = 0; i < layers && sum < opaque; ++i)
+        sum = blended(alpha, sum);
+    return sum;
 }
 
 /// How many layers of an `alpha` look like any greater number of them.
@@ -170,6 +192,9 @@ void MarkerLayer::blendPixels(int cellRow)
 {
     const unsigned char *counts = m_counts.data() + size_t(cellRow) * size_t(m_cells.width());
     const Sprite *sprites = spritesOf(cellRow);
+    int oneLayer = 0; // neighbouring pixels mostly have the same alpha
+    int layers = 0;
+    int allLayers = 0;
     for (int cell = 0; cell < m_cells.width(); ++cell) {
         if (counts[cell] == 0)
             continue;
@@ -177,8 +202,14 @@ void MarkerLayer::blendPixels(int cellRow)
         for (const TranslucentPixel &pixel : sprites[cell % m_grid.period].pixels) {
             unsigned char &alpha
                 = place[qptrdiff(pixel.position.y()) * m_alphaSize.width() + pixel.position.x()];
-            for (int i = 0; i < counts[cell] && alpha < opaque; ++i)
-                alpha = blended(pixel.alpha, alpha);
+            if (alpha == opaque)
+                continue;
+            if (pixel.alpha != oneLayer || counts[cell] != layers) {
+                oneLayer = pixel.alpha;
+                layers = counts[cell];
+                allLayers = layered(oneLayer, layers);
+            }
+            alpha = blended(allLayers, alpha);
         }
     }
 }
@@ -196,37 +227,43 @@ unsigned char *MarkerLayer::alphaRow(int cellRow)
     return m_alpha.data() + size_t(row) * size_t(m_alphaSize.width());
 }
 
-QImage MarkerLayer::image(const QColor &color) const
-{
-    std::array<QRgb, opaque + 1> colors{};
-    for (int alpha = 0; alpha <= opaque; ++alpha)
-        colors[size_t(alpha)] = qPremultiply(qRgba(color.red(), color.green(), color.blue(), alpha));
-    QImage image(m_bounds.size(), QImage::Format_ARGB32_Premultiplied);
-    const QPoint first(m_bounds.left() - m_cells.left() / m_grid.period * m_grid.pixels + m_reach,
-                       m_bounds.top() - m_cells.top() / m_grid.period * m_grid.pixels + m_reach);
-    for (int y = 0; y < image.height(); ++y) {
-        const unsigned char *alpha
-            = m_alpha.data() + size_t(first.y() + y) * size_t(m_alphaSize.width()) + first.x();
-        auto *line = reinterpret_cast<QRgb *>(image.scanLine(y));
-        for (int x = 0; x < image.width(); ++x)
-            line[x] = colors[alpha[x]];
-    }
-    return image;
-}
-
 void MarkerLayer::draw(QPainter &painter)
 {
     m_alpha.resize(size_t(m_alphaSize.width()) * size_t(m_alphaSize.height()));
+    const bool hasTranslucent = std::any_of(m_sprites.cbegin(), m_sprites.cend(),
+                                            [](const Sprite &sprite) { return !sprite.pixels.empty(); });
     for (int row = 0; row < m_cells.height(); ++row) {
         if (m_usedRows[size_t(row)] != 0)
             fillSpans(row);
     }
     // After all opaque pixels, so that nothing is mixed beneath them.
-    for (int row = 0; row < m_cells.height(); ++row) {
+    for (int row = 0; row < m_cells.height() && hasTranslucent; ++row) {
         if (m_usedRows[size_t(row)] != 0)
             blendPixels(row);
     }
+    drawAlpha(painter);
+}
+
+/// Draws the picture in bands, which stay in the processor's cache.
+void MarkerLayer::drawAlpha(QPainter &painter) const
+{
     const PainterState state(painter);
     painter.setOpacity(1.0); // the markers have it
-    painter.drawImage(m_bounds.topLeft(), image(m_color));
+    std::array<QRgb, opaque + 1> colors{};
+    for (int alpha = 0; alpha <= opaque; ++alpha)
+        colors[size_t(alpha)] = qPremultiply(qRgba(m_color.red(), m_color.green(), m_color.blue(), alpha));
+    const QPoint first(m_bounds.left() - m_cells.left() / m_grid.period * m_grid.pixels + m_reach,
+                       m_bounds.top() - m_cells.top() / m_grid.period * m_grid.pixels + m_reach);
+    const int width = m_bounds.width();
+    for (int top = 0; top < m_bounds.height(); top += rowsInBand) {
+        QImage band(width, std::min(rowsInBand, m_bounds.height() - top),
+                    QImage::Format_ARGB32_Premultiplied);
+        for (int y = 0; y < band.height(); ++y) {
+            const unsigned char *alpha
+                = m_alpha.data() + size_t(first.y() + top + y) * size_t(m_alphaSize.width()) + first.x();
+            std::transform(alpha, alpha + width, reinterpret_cast<QRgb *>(band.scanLine(y)),
+                           [&colors](unsigned char value) { return colors[value]; });
+        }
+        painter.drawImage(m_bounds.topLeft() + QPoint(0, top), band);
+    }
 }

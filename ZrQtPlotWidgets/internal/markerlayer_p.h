@@ -89,7 +89,7 @@ private:
     void fillSpans(int cellRow);
     void markPlaces(int cellRow, int phase);
     void blendPixels(int cellRow);
-    [[nodiscard]] QImage image(const QColor &color) const;
+    void drawAlpha(QPainter &painter) const;
 
     QRect m_bounds;
     MarkerGrid m_grid;

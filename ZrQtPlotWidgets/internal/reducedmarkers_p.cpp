@@ -17,8 +17,11 @@
 namespace {
 
 constexpr int largestMarker = 128; // pixels; of larger ones only few are visible at a time
-constexpr int fewMarkers = 300;    // to be drawn one by one
 constexpr int manySamples = 64;    // in a column, so that it pays to know when it is full
+
+// What markers cost one by one, compared with what the picture for many costs.
+constexpr int fewMarkers = 300;
+constexpr int pixelsPerMarker = 2000;
 
 bool isFilled(MarkerShape shape)
 {
@@ -38,6 +41,17 @@ std::optional<double> pixelRatio(const QPainter &painter)
     if (!isPlain || painter.compositionMode() != QPainter::CompositionMode_SourceOver)
         return std::nullopt;
     return transform.m11();
+}
+
+/// Whether markers for `ranges` of samples are quickly drawn one by one on a picture of `size`.
+bool areFew(const QVector<IndexRange> &ranges, const QSizeF &size)
+{
+    const double most = std::max<double>(fewMarkers, size.width() * size.height() / pixelsPerMarker);
+    double count = 0.0;
+    return std::all_of(ranges.cbegin(), ranges.cend(), [&count, most](const IndexRange &range) {
+        count += range.size();
+        return count <= most;
+    });
 }
 
 /// The samples, out of `ranges`, whose markers may reach into `area`.
@@ -167,18 +181,11 @@ void drawReducedMarkers(QPainter &painter, SampleSeries &series, const MarkerSty
     const double reach = style.size + pen.widthF() + 1.0;
     const QRectF area = QRectF(QPointF(0.0, 0.0), size).adjusted(-reach, -reach, reach, reach);
     const QVector<IndexRange> ranges = visibleRanges(series, mapping, area.left(), area.right());
-    const auto hasFew = [&ranges] {
-        int count = 0;
-        return std::all_of(ranges.cbegin(), ranges.cend(), [&count](const IndexRange &range) {
-            count += range.size();
-            return count <= fewMarkers;
-        });
-    };
     const std::optional<double> ratio = pixelRatio(painter);
     const std::optional<MarkerGrid> grid
         = ratio ? MarkerGrid::forShape(style.shape, *ratio, painter.testRenderHint(QPainter::Antialiasing))
                 : std::nullopt;
-    if (!grid || style.size * *ratio > largestMarker || hasFew()) {
+    if (!grid || style.size * *ratio > largestMarker || areFew(ranges, QSizeF(size) * *ratio)) {
         drawPointMarkers(painter, pointsNear(series.points(), ranges, mapping, area), style);
         return;
     }
