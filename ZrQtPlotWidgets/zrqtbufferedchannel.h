@@ -71,15 +71,18 @@ public:
     /// sample between two gaps has no line, but its marker. More than eight gaps in one column of pixels are
     /// not told apart: the line goes from the lowest to the highest sample.
     ///
-    /// Markers that fall on the same pixel, or the same fraction of one where that can be seen, are drawn
-    /// once.
+    /// Markers that fall on the same pixel are drawn once, and translucent ones as often as it shows; where
+    /// there are many, crosses are moved by up to a quarter of a pixel.
     ///
     /// The plain line is the right choice for as many samples as there are columns of pixels; for translucent
-    /// hairlines, which grow darker where many samples lie above each other only if all are drawn; for dashed
-    /// ones, whose dashes begin at the first sample that is drawn; and where the joints of wide or the greys
-    /// of antialiased lines matter. All of them are reduced as well, but differ from the plain line where a
-    /// column holds many samples. On a printer, in a PDF or QPicture, and under a painter that is turned or
-    /// sheared, every sample is drawn in any case.
+    /// lines one pixel wide, which grow darker where many samples lie above each other only if all are drawn;
+    /// for dashed ones: the dashes begin at the first sample that is drawn, and wide ones anew after each
+    /// column that is filled because it holds many samples; and where the joints of wide or the greys of
+    /// antialiased lines matter. All of them are reduced as well, but differ from the plain line where a
+    /// column holds many samples. Wider translucent lines are mixed with the picture once, as the plain ones
+    /// are. On a printer, in a PDF or QPicture, and under a painter that is turned or sheared, every sample
+    /// is drawn in any case, with the same gaps. Wide lines may take long where a QPicture is played, and
+    /// with composition modes that change what the line does not cover.
     void setDataReduction(bool on);
 
     /// The number of pixel columns that the channel covers: its width, and 0 if it is narrower than a pixel.

@@ -29,16 +29,20 @@ public:
         return m_columns;
     }
 
-    [[nodiscard]] QVector<IndexRange> ranges(const QVector<int> &loneSamples) const
+    [[nodiscard]] QVector<IndexRange> ranges() const
     {
         QVector<IndexRange> ranges;
         for (int run = firstRun(); run < m_runs.size() && !isBeyond(m_runs.at(run).begin); ++run)
             ranges.append(visiblePart(m_runs.at(run)));
-        auto lone = std::partition_point(loneSamples.cbegin(), loneSamples.cend(),
-                                         [this](int i) { return isBefore(i); });
-        for (; lone != loneSamples.cend() && !isBeyond(*lone); ++lone)
-            ranges.append({*lone, *lone + 1});
         return ranges;
+    }
+
+    [[nodiscard]] IndexRange visibleOf(const QVector<int> &samples) const
+    {
+        const auto *begin
+            = std::partition_point(samples.cbegin(), samples.cend(), [this](int i) { return isBefore(i); });
+        const auto *end = std::partition_point(begin, samples.cend(), [this](int i) { return !isBeyond(i); });
+        return {static_cast<int>(begin - samples.cbegin()), static_cast<int>(end - samples.cbegin())};
     }
 
 private:
@@ -173,13 +177,23 @@ QVector<ColumnSamples> visibleColumns(SampleSeries &series, const PixelMapping &
     return ColumnWalk(series, mapping, left, right).columns();
 }
 
+IndexRange visibleLoneSamples(SampleSeries &series, const PixelMapping &mapping, double left, double right)
+{
+    return ColumnWalk(series, mapping, left, right).visibleOf(series.loneSamples());
+}
+
 QVector<IndexRange> visibleRanges(SampleSeries &series, const PixelMapping &mapping, double left,
                                   double right)
 {
-    if (series.isAscending())
-        return ColumnWalk(series, mapping, left, right).ranges(series.loneSamples());
+    const QVector<int> &loneSamples = series.loneSamples();
     QVector<IndexRange> ranges = series.runs();
-    for (const int lone : series.loneSamples())
-        ranges.append({lone, lone + 1});
+    IndexRange lone{0, loneSamples.size()};
+    if (series.isAscending()) {
+        const ColumnWalk walk(series, mapping, left, right);
+        ranges = walk.ranges();
+        lone = walk.visibleOf(loneSamples);
+    }
+    for (int i = lone.begin; i < lone.end; ++i)
+        ranges.append({loneSamples.at(i), loneSamples.at(i) + 1});
     return ranges;
 }

@@ -1,9 +1,9 @@
 #include "reducedmarkers_p.h"
 
 #include "columnreduction_p.h"
+#include "markerlayer_p.h"
 #include "painterstate_p.h"
 
-#include <QtGui/QImage>
 #include <QtGui/QPaintDevice>
 #include <QtGui/QPaintEngine>
 #include <QtGui/QPainter>
@@ -11,152 +11,178 @@
 
 #include <algorithm>
 #include <cmath>
-#include <vector>
+#include <iterator>
+#include <optional>
 
 namespace {
 
-constexpr int largestSprite = 64; // pixels; of larger ones only few are visible at a time
+constexpr int largestMarker = 128; // pixels; of larger ones only few are visible at a time
+constexpr int manySamples = 64;    // in a column, so that it pays to know when it is full
+
+// What markers cost one by one, compared with what the picture for many costs.
+constexpr int fewMarkers = 300;
+constexpr int pixelsPerMarker = 2000;
 
 bool isFilled(MarkerShape shape)
 {
     return shape == MarkerShape::Rectangle || shape == MarkerShape::Circle;
 }
 
-/// Calls `visit` with each sample, and its pixel, whose marker may reach into `area`.
-template <typename Visit>
-void visitPointsNear(SampleSeries &series, const MarkerStyle &style, const QRectF &area, Visit visit)
+/// The pixels to a unit of an untransformed painter, if its units start at a pixel, and pictures can be mixed
+/// with what is beneath them as markers are.
+std::optional<double> pixelRatio(const QPainter &painter)
 {
-    const PixelMapping mapping(style.toPixel);
-    const double left = area.left();
-    const double right = area.right();
-    const double top = area.top();
-    const double bottom = area.bottom();
-    const QPointF *points = series.points().constData();
-    const QVector<IndexRange> ranges = visibleRanges(series, mapping, left, right);
-    for (const IndexRange &range : ranges) {
-        for (int i = range.begin; i < range.end; ++i) {
-            const QPointF pixel = mapping.map(points[i]);
-            if (pixel.x() >= left && pixel.x() <= right && pixel.y() >= top && pixel.y() <= bottom)
-                visit(points[i], pixel);
-        }
-    }
+    const QTransform &transform = painter.deviceTransform();
+    const auto isWhole = [](double number) { return number == std::floor(number); };
+    const bool isPlain = painter.paintEngine()->type() == QPaintEngine::Raster && transform.isAffine()
+                         && transform.m12() == 0.0 && transform.m21() == 0.0 && transform.m11() > 0.0
+                         && transform.m11() == transform.m22() && isWhole(transform.dx())
+                         && isWhole(transform.dy());
+    if (!isPlain || painter.compositionMode() != QPainter::CompositionMode_SourceOver)
+        return std::nullopt;
+    return transform.m11();
 }
 
-/// A picture that collects markers.
-class MarkerLayer
+/// Whether markers for `ranges` of samples are quickly drawn one by one on a picture of `size`.
+bool areFew(const QVector<IndexRange> &ranges, const QSizeF &size)
+{
+    const double most = std::max<double>(fewMarkers, size.width() * size.height() / pixelsPerMarker);
+    double count = 0.0;
+    return std::all_of(ranges.cbegin(), ranges.cend(), [&count, most](const IndexRange &range) {
+        count += range.size();
+        return count <= most;
+    });
+}
+
+/// The samples, out of `ranges`, whose markers may reach into `area`.
+QVector<QPointF> pointsNear(const QVector<QPointF> &points, const QVector<IndexRange> &ranges,
+                            const PixelMapping &mapping, const QRectF &area)
+{
+    QVector<QPointF> near;
+    for (const IndexRange &range : ranges) {
+        std::copy_if(points.cbegin() + range.begin, points.cbegin() + range.end, std::back_inserter(near),
+                     [&mapping, &area](const QPointF &point) { return area.contains(mapping.map(point)); });
+    }
+    return near;
+}
+
+/// Puts the markers of a series into the cells of a layer.
+class MarkerCollector
 {
 public:
-    /// For markers with their centres in an area of `size`.
-    MarkerLayer(const QSize &size, const MarkerStyle &style, bool antialiased)
-        : m_size(size)
-        , m_sprite(spriteOf(style, antialiased))
-        , m_taken(size_t(size.width()) * size_t(size.height()))
-        , m_image(size + m_sprite.size(), QImage::Format_ARGB32_Premultiplied)
+    MarkerCollector(MarkerLayer &layer, const MarkerStyle &style, double cellsPerUnit)
+        : m_layer(layer)
+        , m_mapping(style.toPixel * QTransform::fromScale(cellsPerUnit, cellsPerUnit))
+        , m_isFilled(isFilled(style.shape))
+        , m_canvas(style.canvas.normalized())
+        , m_left(layer.cells().left())
+        , m_top(layer.cells().top())
+        , m_right(layer.cells().right() + 1.0)
+        , m_bottom(layer.cells().bottom() + 1.0)
     {
-        m_image.fill(Qt::transparent);
-        m_pixels = reinterpret_cast<QRgb *>(m_image.bits());
-        m_pixelsPerLine = m_image.bytesPerLine() / int(sizeof(QRgb));
-        findSpans();
+        // The canvas limits only the filled markers.
+        const double one = m_mapping.y(m_canvas.top());
+        const double other = m_mapping.y(m_canvas.bottom());
+        m_firstRow = m_isFilled ? std::max(m_top, std::min(one, other)) : m_top;
+        m_endRow = m_isFilled ? std::min(m_bottom, std::max(one, other)) : m_bottom;
     }
 
-    /// Where the pixel (0, 0) of the area is in the picture.
-    [[nodiscard]] QPoint origin() const { return m_sprite.rect().center(); }
-    [[nodiscard]] const QImage &image() const { return m_image; }
-
-    /// Sets a marker; the first one on each pixel counts.
-    void add(const QPoint &centre)
+    void collect(SampleSeries &series)
     {
-        if (centre.x() < 0 || centre.y() < 0 || centre.x() >= m_size.width() || centre.y() >= m_size.height())
+        m_points = series.points().constData();
+        if (m_isFilled && (m_canvas.width() == 0.0 || m_canvas.height() == 0.0))
             return;
-        auto taken = m_taken[size_t(centre.y()) * size_t(m_size.width()) + size_t(centre.x())];
-        if (taken)
+        if (!series.isAscending()) {
+            for (const IndexRange &run : series.runs())
+                addAll(run);
+            for (const int lone : series.loneSamples())
+                add(m_points[lone]);
             return;
-        taken = true;
-        QRgb *pixels = m_pixels + qptrdiff(centre.y()) * m_pixelsPerLine + centre.x();
-        for (const Span &span : m_spans) {
-            QRgb *target = pixels + span.offset;
-            if (span.opaque)
-                std::fill_n(target, span.length, *span.source);
-            else
-                std::transform(span.source, span.source + span.length, target, target, blended);
         }
+        const QVector<ColumnSamples> columns = visibleColumns(series, m_mapping, m_left, m_right);
+        for (const ColumnSamples &column : columns) {
+            if (column.hasGaps)
+                addRuns(series.runs(), column.samples);
+            else if (column.samples.size() > manySamples)
+                addUntilFull(column, series.extent(column.samples));
+            else
+                addAll(column.samples);
+        }
+        const IndexRange lone = visibleLoneSamples(series, m_mapping, m_left, m_right);
+        for (int i = lone.begin; i < lone.end; ++i)
+            add(m_points[series.loneSamples().at(i)]);
     }
 
 private:
-    /// Neighbouring pixels of the sprite that are all translucent, or all opaque and thus of one colour.
-    struct Span
+    /// Adds those of `samples` that are in a run.
+    void addRuns(const QVector<IndexRange> &runs, const IndexRange &samples)
     {
-        int offset = 0; ///< from the first pixel of the sprite, in pixels of the picture
-        int length = 0;
-        bool opaque = false;
-        const QRgb *source = nullptr;
-    };
-
-    static QImage spriteOf(const MarkerStyle &style, bool antialiased)
-    {
-        QImage sprite(style.size, style.size, QImage::Format_ARGB32_Premultiplied);
-        sprite.fill(Qt::transparent);
-        QPainter painter(&sprite);
-        painter.setRenderHint(QPainter::Antialiasing, antialiased);
-        painter.setPen(Qt::NoPen);
-        painter.setBrush(style.color);
-        if (style.shape == MarkerShape::Rectangle)
-            painter.drawRect(sprite.rect());
-        else
-            painter.drawEllipse(sprite.rect());
-        return sprite;
+        const auto *run = std::partition_point(runs.cbegin(), runs.cend(), [&samples](const IndexRange &each) {
+            return each.end <= samples.begin;
+        });
+        for (; run != runs.cend() && run->begin < samples.end; ++run)
+            addAll({std::max(run->begin, samples.begin), std::min(run->end, samples.end)});
     }
 
-    void findSpans()
+    void addAll(const IndexRange &samples)
     {
-        for (int row = 0; row < m_sprite.height(); ++row) {
-            const auto *line = reinterpret_cast<const QRgb *>(m_sprite.constScanLine(row));
-            for (int x = 0; x < m_sprite.width(); ++x) {
-                const bool opaque = qAlpha(line[x]) == 255;
-                if (qAlpha(line[x]) == 0)
-                    continue;
-                const int offset = row * m_pixelsPerLine + x;
-                const bool goesOn = !m_spans.empty()
-                                    && m_spans.back().offset + m_spans.back().length == offset
-                                    && m_spans.back().opaque == opaque;
-                if (!goesOn)
-                    m_spans.push_back({offset, 0, opaque, line + x});
-                ++m_spans.back().length;
-            }
+        for (int i = samples.begin; i < samples.end; ++i)
+            add(m_points[i]);
+    }
+
+    /// Adds samples until each cell has a marker that one of them can be in.
+    void addUntilFull(const ColumnSamples &column, const SampleExtent &extent)
+    {
+        const double one = m_mapping.y(extent.low);
+        const double other = m_mapping.y(extent.high);
+        const double top = std::max(m_firstRow, std::min(one, other));
+        const double bottom = std::min(m_endRow, std::max(one, other));
+        // Truncation puts the cells around zero together.
+        const bool isWithin = column.column >= std::max(0.0, m_left) && column.column < m_right;
+        if (!isWithin || !(top <= bottom) || bottom - top > 0.5 * column.samples.size()) {
+            addAll(column.samples);
+            return;
+        }
+        const int lastRow = std::min(cellOf(bottom), m_layer.cells().bottom());
+        int open = 0;
+        for (int row = cellOf(top); row <= lastRow; ++row)
+            open += int(m_layer.isOpen(column.column, row));
+        for (int i = column.samples.begin; i < column.samples.end && open > 0; ++i) {
+            if (add(m_points[i]) && !m_layer.isOpen(column.column, cellOf(m_mapping.y(m_points[i].y()))))
+                --open;
         }
     }
 
-    /// `over` on top of `under`, both premultiplied.
-    static QRgb blended(QRgb over, QRgb under)
+    bool add(const QPointF &point)
     {
-        const int rest = 255 - qAlpha(over);
-        const auto mixed = [rest](int top, int bottom) { return top + (bottom * rest + 127) / 255; };
-        return qRgba(mixed(qRed(over), qRed(under)), mixed(qGreen(over), qGreen(under)),
-                     mixed(qBlue(over), qBlue(under)), mixed(qAlpha(over), qAlpha(under)));
+        if (m_isFilled
+            && !(point.x() >= m_canvas.left() && point.x() <= m_canvas.right() && point.y() >= m_canvas.top()
+                 && point.y() <= m_canvas.bottom()))
+            return false;
+        const QPointF place = m_mapping.map(point);
+        if (!(place.x() >= m_left && place.x() < m_right && place.y() >= m_top && place.y() < m_bottom))
+            return false;
+        return m_layer.add(cellOf(place.x()), cellOf(place.y()));
     }
 
-    QSize m_size;
-    QImage m_sprite;
-    std::vector<bool> m_taken; // by pixel
-    QImage m_image;
-    QRgb *m_pixels = nullptr;
-    int m_pixelsPerLine = 0;
-    std::vector<Span> m_spans;
+    /// Filled markers are moved towards zero, as drawPointMarkers() does.
+    [[nodiscard]] int cellOf(double place) const
+    {
+        return static_cast<int>(m_isFilled ? place : std::floor(place));
+    }
+
+    MarkerLayer &m_layer;
+    PixelMapping m_mapping; // to cells
+    bool m_isFilled;
+    QRectF m_canvas;
+    double m_left;
+    double m_top;
+    double m_right;
+    double m_bottom;
+    double m_firstRow = 0.0;
+    double m_endRow = 0.0;
+    const QPointF *m_points = nullptr;
 };
-
-/// The area that can be painted on, in the pixels of a painter without transform; a few more do no harm.
-QRect paintableArea(const QPainter &painter)
-{
-    return QRect(0, 0, painter.device()->width(), painter.device()->height());
-}
-
-/// Whether the pixels of an untransformed painter are those of its device.
-bool hasWholePixels(const QPainter &painter)
-{
-    return painter.paintEngine()->type() == QPaintEngine::Raster
-           && painter.compositionMode() == QPainter::CompositionMode_SourceOver && painter.opacity() >= 1.0
-           && painter.device()->devicePixelRatioF() == 1.0;
-}
 
 } // namespace
 
@@ -164,26 +190,25 @@ void drawReducedMarkers(QPainter &painter, SampleSeries &series, const MarkerSty
 {
     const PainterState state(painter);
     painter.resetTransform();
-    const QRect area = paintableArea(painter);
-    const double reach = style.size + painter.pen().widthF() + 1.0;
-    const QRectF reachable = QRectF(area).adjusted(-reach, -reach, reach, reach);
-    if (!isFilled(style.shape) || style.size > largestSprite || !hasWholePixels(painter)) {
-        QVector<QPointF> points;
-        visitPointsNear(series, style, reachable,
-                        [&points](const QPointF &point, const QPointF &) { points.append(point); });
-        drawPointMarkers(painter, points, style);
+    QPen pen = painter.pen();
+    pen.setStyle(Qt::SolidLine); // as drawPointMarkers() has it
+    painter.setPen(pen);
+    const QSize size(painter.device()->width(), painter.device()->height());
+    const PixelMapping mapping(style.toPixel);
+    const double reach = style.size + pen.widthF() + 1.0;
+    const QRectF area = QRectF(QPointF(0.0, 0.0), size).adjusted(-reach, -reach, reach, reach);
+    const QVector<IndexRange> ranges = visibleRanges(series, mapping, area.left(), area.right());
+    const std::optional<double> ratio = pixelRatio(painter);
+    const std::optional<MarkerGrid> grid
+        = ratio ? MarkerGrid::forShape(style.shape, *ratio, painter.testRenderHint(QPainter::Antialiasing))
+                : std::nullopt;
+    if (!grid || style.size * *ratio > largestMarker || areFew(ranges, QSizeF(size) * *ratio)) {
+        drawPointMarkers(painter, pointsNear(series.points(), ranges, mapping, area), style);
         return;
     }
-    // Markers whose centre is just outside of the picture reach into it.
-    const QRect centres = area.adjusted(-style.size, -style.size, style.size, style.size);
-    MarkerLayer layer(centres.size(), style, painter.testRenderHint(QPainter::Antialiasing));
-    const auto add = [&layer, canvas = style.canvas.normalized(),
-                      origin = centres.topLeft()](const QPointF &point, const QPointF &pixel) {
-        if (point.x() >= canvas.left() && point.x() <= canvas.right() && point.y() >= canvas.top()
-            && point.y() <= canvas.bottom())
-            layer.add(QPoint(static_cast<int>(pixel.x()), static_cast<int>(pixel.y())) - origin);
-    };
-    if (style.canvas.width() != 0.0 && style.canvas.height() != 0.0)
-        visitPointsNear(series, style, reachable, add);
-    painter.drawImage(centres.topLeft() - layer.origin(), layer.image());
+    painter.scale(1.0 / *ratio, 1.0 / *ratio);
+    const QRect bounds = QRectF(QPointF(0.0, 0.0), QSizeF(size) * *ratio).toAlignedRect();
+    MarkerLayer layer(painter, bounds, *grid, style);
+    MarkerCollector(layer, style, grid->cellsPerUnit).collect(series);
+    layer.draw(painter);
 }

@@ -1,12 +1,13 @@
 #include "reducedpolyline_p.h"
 
-#include "columnbars_p.h"
+#include "barpainter_p.h"
 #include "columnreduction_p.h"
 #include "painterstate_p.h"
 #include "polyline_p.h"
 #include "reducedline_p.h"
 #include "strokeruns_p.h"
 
+#include <QtGui/QImage>
 #include <QtGui/QPaintDevice>
 #include <QtGui/QPaintEngine>
 #include <QtGui/QPainter>
@@ -17,14 +18,21 @@
 
 namespace {
 
-// Pixels. Qt's rasterizer is fast and exact up to twice as far.
-constexpr double farthestPixel = 16000.0;
+// Pixels. Qt's rasterizer is fast and exact up to the farthest one; where the picture does not need them,
+// half as many will do.
+constexpr int farthestPixel = 32767;
+constexpr int enoughPixels = 16000;
 
-bool drawsPixelsAlongAxes(const QPainter &painter)
+constexpr int fewSamples = 64; // that are no trouble for Qt with any pen
+
+bool drawsPixels(const QPainter &painter)
 {
-    const QTransform &transform = painter.deviceTransform();
-    return painter.paintEngine()->type() == QPaintEngine::Raster && transform.isAffine()
-           && transform.m12() == 0.0 && transform.m21() == 0.0;
+    return painter.paintEngine()->type() == QPaintEngine::Raster && painter.deviceTransform().isAffine();
+}
+
+bool isAlongAxes(const QTransform &transform)
+{
+    return transform.m12() == 0.0 && transform.m21() == 0.0;
 }
 
 /// Makes one unit of the painter one pixel of its device and returns the pixels that can be painted on. A few
@@ -38,162 +46,189 @@ QRect enterPixels(QPainter &painter)
     return toPixels.mapRect(QRectF(0, 0, device->width(), device->height())).toAlignedRect();
 }
 
+/// An opaque colour replaces what is beneath it, and smoothed edges are mixed with it, in both modes. But
+/// what is drawn in pieces has to be mixed with the pieces before.
+void preferSourceOver(QPainter &painter)
+{
+    if (painter.compositionMode() == QPainter::CompositionMode_Source && painter.pen().brush().isOpaque())
+        painter.setCompositionMode(QPainter::CompositionMode_SourceOver);
+}
+
+/// Whether what is drawn twice with the painter's colour looks as if it were drawn once.
+bool isOpaque(const QPainter &painter)
+{
+    return painter.pen().brush().isOpaque() && painter.opacity() >= 1.0
+           && painter.compositionMode() == QPainter::CompositionMode_SourceOver;
+}
+
+/// Whether a transparent pixel that is drawn changes nothing.
+bool keepsWhatIsNotCovered(QPainter::CompositionMode mode)
+{
+    switch (mode) {
+    case QPainter::CompositionMode_Clear:
+    case QPainter::CompositionMode_Source:
+    case QPainter::CompositionMode_SourceIn:
+    case QPainter::CompositionMode_SourceOut:
+    case QPainter::CompositionMode_DestinationIn:
+    case QPainter::CompositionMode_DestinationAtop:
+        return false;
+    default:
+        return mode < QPainter::RasterOp_SourceOrDestination;
+    }
+}
+
+bool isHairline(const QPainter &painter)
+{
+    return painter.pen().widthF() <= 1.0;
+}
+
+/// Whether the line has to be drawn with an opaque pen and then mixed with the picture as a whole. Qt mixes
+/// each pixel of a wide line with the picture only once, but those of hairlines as often as the line crosses
+/// itself.
+bool needsLayer(const QPainter &painter, const SampleSeries &series)
+{
+    return series.points().size() > fewSamples && !isHairline(painter) && !isOpaque(painter)
+           && keepsWhatIsNotCovered(painter.compositionMode());
+}
+
 LineQuality qualityFor(const QPainter &painter)
 {
-    if (!isOpaqueAndSolid(painter))
+    const bool isSolid = painter.pen().style() == Qt::SolidLine;
+    if (!isOpaque(painter) || (isHairline(painter) && !isSolid))
         return LineQuality::Transparent;
-    const bool hairline = painter.pen().widthF() <= 1.0 && !painter.testRenderHint(QPainter::Antialiasing);
-    return hairline ? LineQuality::Hairline : LineQuality::Opaque;
+    const bool isExact = isHairline(painter) && !painter.testRenderHint(QPainter::Antialiasing);
+    return isExact ? LineQuality::Hairline : LineQuality::Opaque;
 }
 
-void drawStroke(QPainter &painter, const QPolygonF &stroke, LineQuality quality)
-{
-    const auto isFar = [](const QPointF &point) {
-        return std::abs(point.x()) > farthestPixel || std::abs(point.y()) > farthestPixel;
-    };
-    const auto draw = [&painter, quality](const QPolygonF &line) {
-        if (quality == LineQuality::Opaque)
-            strokeInRuns(painter, line);
-        else
-            painter.drawPolyline(line);
-    };
-    if (std::none_of(stroke.cbegin(), stroke.cend(), isFar)) {
-        draw(stroke);
-        return;
-    }
-    const QRectF nearby(QPointF(-farthestPixel, -farthestPixel), QPointF(farthestPixel, farthestPixel));
-    const QVector<QPolygonF> parts = polylineWithin(stroke, nearby);
-    for (const QPolygonF &part : parts)
-        draw(part);
-}
-
-/// Fills the bars of a line. With antialiasing, what a bar covers of the pixels at its ends and beside it is
-/// mixed with what is beneath them.
-class BarPainter
+/// Draws a line with the pen of a painter of pixels.
+class LinePainter
 {
 public:
-    BarPainter(QPainter &painter, const QRect &bounds)
+    LinePainter(QPainter &painter, const QRect &bounds)
         : m_painter(painter)
         , m_bounds(bounds)
-        , m_color(painter.pen().color())
-        , m_width(std::max(1, qRound(painter.pen().widthF())))
+        , m_quality(qualityFor(painter))
+        , m_penWidth(painter.pen().widthF())
     {
+        const double reach = m_penWidth + 1.0;
+        m_nearby = QRectF(bounds).adjusted(-reach, -reach, reach, reach);
     }
 
-    void draw(QVector<ColumnBar> bars)
+    void draw(SampleSeries &series, const QTransform &toPixels)
     {
-        if (bars.isEmpty())
-            return;
-        const PainterState state(m_painter);
-        const bool antialiased = m_painter.testRenderHint(QPainter::Antialiasing);
-        m_painter.setRenderHint(QPainter::Antialiasing, false);
-        if (antialiased) {
-            for (int i = 0; i < bars.size(); ++i)
-                drawEdges(bars, i);
-        }
-        for (ColumnBar &bar : bars) {
-            bar.top = antialiased ? std::ceil(bar.top) : std::floor(bar.top + 0.5);
-            bar.bottom = antialiased ? std::floor(bar.bottom) : std::floor(bar.bottom + 0.5);
-        }
-        QVector<QRect> rectangles = rectanglesOf(bars, m_bounds);
-        for (QRect &rectangle : rectangles)
-            rectangle.adjust(-(m_width / 2), 0, (m_width - 1) / 2, 0);
-        m_painter.setPen(Qt::NoPen);
-        m_painter.setBrush(m_color);
-        m_painter.drawRects(rectangles);
+        if (series.isAscending() && isAlongAxes(toPixels))
+            drawColumns(series, PixelMapping(toPixels));
+        else
+            drawEverySample(series, toPixels);
     }
 
 private:
-    void drawEdges(const QVector<ColumnBar> &bars, int i)
+    void drawColumns(SampleSeries &series, const PixelMapping &mapping)
     {
-        const ColumnBar &bar = bars.at(i);
-        const int left = bar.column - m_width / 2;
-        const double upperEnd = std::ceil(bar.top);
-        const double lowerEnd = std::floor(bar.bottom);
-        blend(left, m_width, upperEnd - 1, upperEnd, upperEnd - bar.top);
-        blend(left, m_width, lowerEnd, lowerEnd + 1, bar.bottom - lowerEnd);
-
-        // On average a line is half over the border of its column. Only tips show it: the rest of both sides
-        // is filled by the neighbours.
-        const double hiddenTop = std::max(topOfNeighbour(bars, i, -1), topOfNeighbour(bars, i, 1));
-        const double hiddenBottom = std::min(bottomOfNeighbour(bars, i, -1), bottomOfNeighbour(bars, i, 1));
-        blend(left - 1, m_width + 2, upperEnd, std::min(hiddenTop, lowerEnd), 0.5);
-        blend(left - 1, m_width + 2, std::max({hiddenBottom, hiddenTop, upperEnd}), lowerEnd, 0.5);
+        const QVector<ColumnSamples> columns = visibleColumns(series, mapping, m_bounds.left() - m_penWidth,
+                                                              m_bounds.right() + 1 + m_penWidth);
+        const ReducedLine line = reducedLine(series, columns, mapping, m_quality, m_penWidth, m_bounds.top(),
+                                             m_bounds.bottom() + 1);
+        BarPainter(m_painter, m_bounds).draw(line.bars);
+        for (const QPolygonF &stroke : line.strokes)
+            drawStroke(stroke);
     }
 
-    static bool isNeighbour(const QVector<ColumnBar> &bars, int i, int step)
+    void drawEverySample(SampleSeries &series, const QTransform &toPixels)
     {
-        const int other = i + step;
-        return other >= 0 && other < bars.size() && std::abs(bars.at(other).column - bars.at(i).column) == 1;
+        const bool alongAxes = isAlongAxes(toPixels);
+        const PixelMapping mapping(toPixels);
+        for (const IndexRange &run : series.runs()) {
+            QPolygonF line;
+            line.reserve(run.size());
+            for (int i = run.begin; i < run.end; ++i) {
+                const QPointF &point = series.points().at(i);
+                line.append(alongAxes ? mapping.map(point) : toPixels.map(point));
+            }
+            drawStroke(line);
+        }
     }
 
-    double topOfNeighbour(const QVector<ColumnBar> &bars, int i, int step) const
+    void drawStroke(const QPolygonF &stroke)
     {
-        return isNeighbour(bars, i, step) ? std::ceil(bars.at(i + step).top) : m_bounds.bottom() + 1.0;
-    }
-
-    double bottomOfNeighbour(const QVector<ColumnBar> &bars, int i, int step) const
-    {
-        return isNeighbour(bars, i, step) ? std::floor(bars.at(i + step).bottom) : m_bounds.top();
-    }
-
-    /// Draws over the rows from `top` up to, and without, `end` with a part of the colour.
-    void blend(int left, int width, double top, double end, double coverage)
-    {
-        const int firstRow = qRound(std::max<double>(top, m_bounds.top()));
-        const int endRow = qRound(std::min<double>(end, m_bounds.bottom() + 1.0));
-        if (firstRow >= endRow || !(coverage > 0.0))
+        const QRectF enough(QPointF(-enoughPixels, -enoughPixels), QPointF(enoughPixels, enoughPixels));
+        const QRectF all(QPointF(-farthestPixel, -farthestPixel), QPointF(farthestPixel, farthestPixel));
+        const QRectF box = (enough | m_nearby) & all;
+        const auto isFar = [&box](const QPointF &point) {
+            return !(point.x() >= box.left() && point.x() <= box.right() && point.y() >= box.top()
+                     && point.y() <= box.bottom()); // true for NaN
+        };
+        if (std::none_of(stroke.cbegin(), stroke.cend(), isFar)) {
+            drawNearStroke(stroke);
             return;
-        QColor color = m_color;
-        color.setAlphaF(std::min(coverage, 1.0));
-        m_painter.fillRect(left, firstRow, width, endRow - firstRow, color);
+        }
+        const QVector<QPolygonF> parts = polylineWithin(stroke, box);
+        for (const QPolygonF &part : parts)
+            drawNearStroke(part);
+    }
+
+    void drawNearStroke(const QPolygonF &stroke)
+    {
+        if (m_quality != LineQuality::Opaque)
+            m_painter.drawPolyline(stroke);
+        else if (m_painter.pen().style() == Qt::SolidLine)
+            strokeInRuns(m_painter, stroke);
+        else
+            strokeDashes(m_painter, stroke, m_nearby);
     }
 
     QPainter &m_painter;
     QRect m_bounds;
-    QColor m_color;
-    int m_width;
+    LineQuality m_quality;
+    double m_penWidth;
+    QRectF m_nearby; // where the line can reach into the picture
 };
 
-void drawColumns(QPainter &painter, SampleSeries &series, const PixelMapping &mapping, const QRect &bounds)
+void drawThroughLayer(QPainter &painter, SampleSeries &series, const QTransform &toPixels,
+                      const QRect &bounds)
 {
-    const LineQuality quality = qualityFor(painter);
-    const double penWidth = painter.pen().widthF();
-    const QVector<ColumnSamples> columns
-        = visibleColumns(series, mapping, bounds.left() - penWidth, bounds.right() + 1 + penWidth);
-    const ReducedLine line
-        = reducedLine(series, columns, mapping, quality, penWidth, bounds.top(), bounds.bottom() + 1);
-    BarPainter(painter, bounds).draw(line.bars);
-    for (const QPolygonF &stroke : line.strokes)
-        drawStroke(painter, stroke, quality);
+    const QRect visible = bounds & painter.clipBoundingRect().toAlignedRect();
+    if (visible.isEmpty())
+        return;
+    QImage layer(visible.size(), QImage::Format_ARGB32_Premultiplied);
+    layer.fill(Qt::transparent);
+    QPen pen = painter.pen();
+    const QColor color = pen.color();
+    pen.setColor(QColor(color.rgb()));
+    QPainter layerPainter(&layer);
+    layerPainter.setRenderHints(painter.renderHints());
+    layerPainter.setPen(pen);
+    layerPainter.setClipRect(layer.rect());
+    LinePainter(layerPainter, layer.rect())
+        .draw(series, toPixels * QTransform::fromTranslate(-visible.left(), -visible.top()));
+    layerPainter.setCompositionMode(QPainter::CompositionMode_SourceIn);
+    layerPainter.fillRect(layer.rect(), color); // rounds as painting with the translucent pen does
+    layerPainter.end();
+    painter.drawImage(visible.topLeft(), layer);
 }
 
-void drawEverySample(QPainter &painter, SampleSeries &series, const PixelMapping &mapping)
+/// Draws all samples on what is no picture of pixels.
+void drawShapes(QPainter &painter, SampleSeries &series)
 {
-    const LineQuality quality = qualityFor(painter);
-    for (const IndexRange &run : series.runs()) {
-        QPolygonF line;
-        line.reserve(run.size());
-        for (int i = run.begin; i < run.end; ++i)
-            line.append(mapping.map(series.points().at(i)));
-        drawStroke(painter, line, quality);
-    }
+    for (const IndexRange &run : series.runs())
+        drawPolyline(painter, series.points().mid(run.begin, run.size()));
 }
 
 } // namespace
 
 void drawReducedPolyline(QPainter &painter, SampleSeries &series)
 {
-    if (!drawsPixelsAlongAxes(painter)) {
-        drawPolyline(painter, series.points());
+    if (!drawsPixels(painter)) {
+        drawShapes(painter, series);
         return;
     }
     const PainterState state(painter);
-    const PixelMapping mapping(painter.deviceTransform());
+    const QTransform toPixels = painter.deviceTransform();
     const QRect bounds = enterPixels(painter);
     painter.setClipRect(bounds, Qt::IntersectClip); // many times as fast, see drawPolyline()
-    if (series.isAscending())
-        drawColumns(painter, series, mapping, bounds);
+    preferSourceOver(painter);
+    if (needsLayer(painter, series))
+        drawThroughLayer(painter, series, toPixels, bounds);
     else
-        drawEverySample(painter, series, mapping);
+        LinePainter(painter, bounds).draw(series, toPixels);
 }

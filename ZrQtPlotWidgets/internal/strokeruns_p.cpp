@@ -1,16 +1,20 @@
 #include "strokeruns_p.h"
 
+#include "dashes_p.h"
 #include "painterstate_p.h"
 
 #include <QtCore/QLineF>
+#include <QtGui/QPainterPath>
 #include <QtGui/QPen>
 
 #include <algorithm>
+#include <iterator>
 
 namespace {
 
 constexpr int pointsPerRun = 16;
 constexpr int mostPointsPerRun = 256;
+constexpr int fewPoints = 64; // whose dashes are no trouble for Qt
 
 /// Whether the line turns back at point `i`.
 bool turnsBack(const QPolygonF &line, int i)
@@ -36,23 +40,28 @@ int endOfRun(const QPolygonF &line, int begin, bool antialiased)
 QPointF extended(const QPointF &end, const QPointF &neighbour, double length)
 {
     const QLineF way(neighbour, end);
-    return way.length() > 0.0 ? end + QPointF(way.dx(), way.dy()) * (length / way.length()) : end;
+    return end + QPointF(way.dx(), way.dy()) * (length / way.length());
+}
+
+/// The points that differ from the one before them, but two in any case. Qt gives a line of length 0 no cap
+/// and no joint.
+QPolygonF withoutRepetitions(const QPolygonF &line)
+{
+    QPolygonF points;
+    points.reserve(line.size());
+    std::unique_copy(line.cbegin(), line.cend(), std::back_inserter(points));
+    if (points.size() == 1)
+        points.append(points.constFirst());
+    return points;
 }
 
 } // namespace
 
-bool isOpaqueAndSolid(const QPainter &painter)
-{
-    const QPen &pen = painter.pen();
-    const bool replaces = painter.compositionMode() == QPainter::CompositionMode_SourceOver
-                          || painter.compositionMode() == QPainter::CompositionMode_Source;
-    return pen.style() == Qt::SolidLine && pen.brush().isOpaque() && replaces && painter.opacity() >= 1.0;
-}
-
 void strokeInRuns(QPainter &painter, const QPolygonF &line)
 {
-    if (line.size() <= pointsPerRun) {
-        painter.drawPolyline(line);
+    QPolygonF extendedLine = withoutRepetitions(line);
+    if (extendedLine.size() <= pointsPerRun) {
+        painter.drawPolyline(extendedLine);
         return;
     }
     const PainterState state(painter);
@@ -62,10 +71,9 @@ void strokeInRuns(QPainter &painter, const QPolygonF &line)
     const double cap = pen.capStyle() == Qt::FlatCap ? 0.0 : pen.widthF() / 2;
     pen.setCapStyle(Qt::FlatCap);
     painter.setPen(pen);
-    QPolygonF extendedLine = line;
-    extendedLine.first() = extended(line.at(0), line.at(1), cap);
-    extendedLine.last() = extended(line.constLast(), line.at(line.size() - 2), cap);
-    const int last = line.size() - 1;
+    const int last = extendedLine.size() - 1;
+    extendedLine.first() = extended(extendedLine.at(0), extendedLine.at(1), cap);
+    extendedLine.last() = extended(extendedLine.at(last), extendedLine.at(last - 1), cap);
     for (int begin = 0; begin < last;) {
         const int end = endOfRun(extendedLine, begin, antialiased);
         // The segment before is drawn once more, so that the corner between the runs is a joint and no notch.
@@ -73,4 +81,27 @@ void strokeInRuns(QPainter &painter, const QPolygonF &line)
         painter.drawPolyline(extendedLine.constData() + from, end - from + 1);
         begin = end;
     }
+}
+
+void strokeDashes(QPainter &painter, const QPolygonF &line, const QRectF &box)
+{
+    if (line.size() <= fewPoints) {
+        painter.drawPolyline(line);
+        return;
+    }
+    const PainterState state(painter);
+    QPen pen = painter.pen();
+    const QVector<QPolygonF> dashes = dashesWithin(line, pen, box);
+    pen.setStyle(Qt::SolidLine);
+    painter.setPen(pen);
+    painter.setBrush(Qt::NoBrush);
+    QPainterPath path;
+    for (const QPolygonF &dash : dashes) {
+        path.addPolygon(dash);
+        if (path.elementCount() >= pointsPerRun) {
+            painter.drawPath(path);
+            path.clear();
+        }
+    }
+    painter.drawPath(path);
 }
