@@ -117,9 +117,9 @@ private:
     /// Adds those of `samples` that are in a run.
     void addRuns(const QVector<IndexRange> &runs, const IndexRange &samples)
     {
-        const auto *run = std::partition_point(runs.cbegin(), runs.cend(), [&samples](const IndexRange &each) {
-            return each.end <= samples.begin;
-        });
+        const auto *run
+            = std::partition_point(runs.cbegin(), runs.cend(),
+                                   [&samples](const IndexRange &each) { return each.end <= samples.begin; });
         for (; run != runs.cend() && run->begin < samples.end; ++run)
             addAll({std::max(run->begin, samples.begin), std::min(run->end, samples.end)});
     }

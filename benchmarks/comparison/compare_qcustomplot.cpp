@@ -10,7 +10,6 @@ namespace {
 
 const QString plainMode = QStringLiteral("plain");
 const QString adaptiveMode = QStringLiteral("adaptive");
-const QString directMode = QStringLiteral("direct"); // adaptive, but not by way of the widget
 const QSize markerSize(5, 5);
 
 /// To copy a picture is faster than to draw a disc.
@@ -28,9 +27,8 @@ QPixmap markerPixmap()
 class QCPComparedPlot : public Plot
 {
 public:
-    QCPComparedPlot(const QString &mode, Axes axes)
-        : m_adaptive(mode != plainMode)
-        , m_direct(mode == directMode)
+    QCPComparedPlot(bool adaptive, Axes axes)
+        : m_adaptive(adaptive)
     {
         m_plot.setNotAntialiasedElements(QCP::aeAll);
         QCPAxisRect *area = m_plot.axisRect();
@@ -94,22 +92,9 @@ public:
 
     void replot() override { m_plot.replot(QCustomPlot::rpQueuedRefresh); }
 
-    /// The widget paints its layers into buffers, and those onto the screen. An image can do without.
-    void paint(QImage &image) override
-    {
-        if (!m_direct) {
-            Plot::paint(image);
-            return;
-        }
-        QCPPainter painter(&image);
-        painter.fillRect(image.rect(), Qt::white);
-        m_plot.toPainter(&painter, image.width(), image.height());
-    }
-
 private:
     QCustomPlot m_plot;
     bool m_adaptive;
-    bool m_direct;
     double m_secondsPerUnit = 1.0; // date axes count in seconds
 };
 
@@ -122,12 +107,12 @@ QString libraryName()
 
 QStringList libraryModes()
 {
-    return {plainMode, adaptiveMode, directMode};
+    return {plainMode, adaptiveMode};
 }
 
 std::unique_ptr<Plot> makePlot(const QString &mode, Axes axes)
 {
-    return std::make_unique<QCPComparedPlot>(mode, axes);
+    return std::make_unique<QCPComparedPlot>(mode == adaptiveMode, axes);
 }
 
 } // namespace comparison

@@ -36,7 +36,7 @@ public:
     virtual void replot() { }
 
     /// Brings everything that is seen up to date in \a image, which is as large as the widget.
-    virtual void paint(QImage &image);
+    void paint(QImage &image);
 };
 
 // Each library defines these.
