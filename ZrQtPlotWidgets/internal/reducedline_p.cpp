@@ -111,7 +111,7 @@ private:
     /// Appends the samples that Qt goes by, unless they are many.
     bool appendTurns(const IndexRange &samples, const ColumnShape &shape)
     {
-        if (isRestless(samples) || isMostlyBetween(samples, shape))
+        if (isRestless(samples, shape) || isMostlyBetween(samples, shape))
             return false;
         const bool isHigh = shape.bottom - shape.top > mostTurns;
         const int size = m_stroke.size();
@@ -137,13 +137,15 @@ private:
         return false;
     }
 
-    /// Whether the line goes up and down already in the first few samples.
-    [[nodiscard]] bool isRestless(const IndexRange &samples) const
+    /// Whether the line goes up and down already in the first few samples: by steps longer than a smooth line
+    /// needs to pass the height of the column.
+    [[nodiscard]] bool isRestless(const IndexRange &samples, const ColumnShape &shape) const
     {
+        const double longStep = std::min(0.5, 2.0 * (shape.bottom - shape.top) / samples.size());
         const int end = std::min(samples.begin + samplesJudged, samples.end);
         int moves = 0;
         for (int i = samples.begin + 1; i < end && moves < mostMoves; ++i)
-            moves += std::abs(pixel(i).y() - pixel(i - 1).y()) >= 0.5 ? 1 : 0;
+            moves += std::abs(pixel(i).y() - pixel(i - 1).y()) > longStep ? 1 : 0;
         return moves == mostMoves;
     }
 

@@ -140,7 +140,8 @@ std::optional<Tick> placeTick(const TickParameters &parameters, const TickScale 
         const double shown = roundedToDecimals(scaled, decimals);
         const double position = scale.shownPosition(shown);
         const double deviation = position - exactPosition;
-        if (anywhere || allowed.contains(deviation))
+        // Rounding may lead beyond the largest number.
+        if ((anywhere && std::isfinite(position)) || allowed.contains(deviation))
             return Tick{shown, position, decimals};
     }
     return std::nullopt;

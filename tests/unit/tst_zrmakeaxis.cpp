@@ -2,6 +2,7 @@
 #include "shared/tickwishes.h"
 #include "shared/timezone.h"
 
+#include <algorithm>
 #include <cmath>
 #include <limits>
 
@@ -48,6 +49,7 @@ private Q_SLOTS:
     void defaults();
     void exactTicks_data();
     void exactTicks();
+    void roundingStaysWithinTheLargestNumber();
     void rejectedRanges_data();
     void rejectedRanges();
     void sameRangeIsNotComputedAgain();
@@ -163,6 +165,24 @@ void TestZrMakeAxis::exactTicks()
         const double allowed = isBound ? 0.03 : 1e-9;
         QVERIFY2(std::fabs(found.at(i) - positions.at(i)) <= allowed, written(found).constData());
     }
+}
+
+void TestZrMakeAxis::roundingStaysWithinTheLargestNumber()
+{
+    ZrMakeAxis engine;
+    TickWishes wishes;
+    wishes.tickDistance = 0.0;
+    wishes.maxTicks = 65536;
+    wishes.precision = 0;
+    wishes.equalSpaced = true;
+    wishes.format = 1;
+    wishes.scientificExponent = true;
+    wishes.equalExponent = true;
+    wishes.applyTo(engine);
+    QVERIFY(engine.setRange(-1.7976931348623157e+308, -1.1838540125562775e+164));
+    const QVector<double> positions = engine.tickPositions();
+    QVERIFY(std::all_of(positions.cbegin(), positions.cend(),
+                        [](double position) { return std::isfinite(position); }));
 }
 
 void TestZrMakeAxis::rejectedRanges_data()
