@@ -54,8 +54,8 @@ struct ColumnSamples
 [[nodiscard]] QVector<ColumnSamples> visibleColumns(SampleSeries &series, const PixelMapping &mapping,
                                                     double left, double right);
 
-/// Which of the samples between two gaps, by their place in SampleSeries::loneSamples(), lie between the pixels
-/// `left` and `right`; the series must ascend.
+/// Which of the samples between two gaps, by their place in SampleSeries::loneSamples(), lie between the
+/// pixels `left` and `right`; the series must ascend.
 [[nodiscard]] IndexRange visibleLoneSamples(SampleSeries &series, const PixelMapping &mapping, double left,
                                             double right);
 
