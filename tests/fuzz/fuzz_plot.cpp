@@ -324,7 +324,14 @@ void Stage::checkExtent(const OpenPlot &plot, Cosy cosy, ZrQtPlot::PlotAxis dire
         low -= 0.5;
         high += 0.5;
     }
-    require(std::fabs(lowOf(tracked) - low) < 1e-6 && std::fabs(highOf(tracked) - high) < 1e-6,
+    // And keeps it at an edge that it holds, until all channels are looked at again.
+    const auto isUpToDate = [isX](ZrQtBaseChannel *holder, double edge, double expected, double widened) {
+        const QRectF own = holder->boundingRect();
+        const bool isPoint = (isX ? own.width() : own.height()) == 0.0;
+        return std::fabs(edge - expected) < 1e-6 || (isPoint && std::fabs(edge - widened) < 1e-6);
+    };
+    require(isUpToDate(holders.minChannel, lowOf(tracked), low, low - 0.5)
+                && isUpToDate(holders.maxChannel, highOf(tracked), high, high + 0.5),
             "the extent of the data is up to date");
 }
 
