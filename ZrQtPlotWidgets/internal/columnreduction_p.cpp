@@ -177,23 +177,15 @@ QVector<ColumnSamples> visibleColumns(SampleSeries &series, const PixelMapping &
     return ColumnWalk(series, mapping, left, right).columns();
 }
 
-IndexRange visibleLoneSamples(SampleSeries &series, const PixelMapping &mapping, double left, double right)
-{
-    return ColumnWalk(series, mapping, left, right).visibleOf(series.loneSamples());
-}
-
 QVector<IndexRange> visibleRanges(SampleSeries &series, const PixelMapping &mapping, double left,
                                   double right)
 {
-    const QVector<int> &loneSamples = series.loneSamples();
-    QVector<IndexRange> ranges = series.runs();
-    IndexRange lone{0, loneSamples.size()};
-    if (series.isAscending()) {
-        const ColumnWalk walk(series, mapping, left, right);
-        ranges = walk.ranges();
-        lone = walk.visibleOf(loneSamples);
-    }
-    for (int i = lone.begin; i < lone.end; ++i)
-        ranges.append({loneSamples.at(i), loneSamples.at(i) + 1});
-    return ranges;
+    return series.isAscending() ? ColumnWalk(series, mapping, left, right).ranges() : series.runs();
+}
+
+IndexRange visibleLoneSamples(SampleSeries &series, const PixelMapping &mapping, double left, double right)
+{
+    if (!series.isAscending())
+        return {0, series.loneSamples().size()};
+    return ColumnWalk(series, mapping, left, right).visibleOf(series.loneSamples());
 }

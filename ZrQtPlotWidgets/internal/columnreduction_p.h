@@ -54,14 +54,14 @@ struct ColumnSamples
 [[nodiscard]] QVector<ColumnSamples> visibleColumns(SampleSeries &series, const PixelMapping &mapping,
                                                     double left, double right);
 
-/// Which of the samples between two gaps, by their place in SampleSeries::loneSamples(), lie between the
-/// pixels `left` and `right`; the series must ascend.
-[[nodiscard]] IndexRange visibleLoneSamples(SampleSeries &series, const PixelMapping &mapping, double left,
-                                            double right);
-
-/// The index ranges of the samples that visibleColumns() looks at, and of those between two gaps; of all
-/// samples if the series does not ascend. None of them has gaps.
+/// The index ranges of the samples that visibleColumns() looks at; all runs of the series if it does not
+/// ascend. None of them has gaps.
 [[nodiscard]] QVector<IndexRange> visibleRanges(SampleSeries &series, const PixelMapping &mapping,
                                                 double left, double right);
+
+/// Which of the samples between two gaps, by their place in SampleSeries::loneSamples(), lie between the
+/// pixels `left` and `right`; all of them if the series does not ascend.
+[[nodiscard]] IndexRange visibleLoneSamples(SampleSeries &series, const PixelMapping &mapping, double left,
+                                            double right);
 
 #endif // COLUMNREDUCTION_P_H

@@ -69,18 +69,14 @@ public:
 private:
     void append(const ColumnSamples &column)
     {
-        if (column.hasGaps) {
-            appendShape(column, shapeOf(column));
-            m_lastSample = m_pen;
-            return;
-        }
         m_lastSample = pixel(column.samples.end - 1);
-        if (isDrawnExactly(column.samples)) {
+        if (!column.hasGaps && isDrawnExactly(column.samples)) {
             appendEach(column.samples);
             return;
         }
         const ColumnShape shape = shapeOf(column);
-        if (m_quality != LineQuality::Hairline || !appendTurns(column.samples, shape))
+        const bool mayTurn = m_quality == LineQuality::Hairline && !column.hasGaps;
+        if (!mayTurn || !appendTurns(column.samples, shape))
             appendShape(column, shape);
         m_drawnExactly = {};
     }

@@ -11,7 +11,6 @@
 
 #include <algorithm>
 #include <cmath>
-#include <iterator>
 #include <optional>
 
 namespace {
@@ -22,6 +21,10 @@ constexpr int manySamples = 64;    // in a column, so that it pays to know when 
 // What markers cost one by one, compared with what the picture for many costs.
 constexpr int fewMarkers = 300;
 constexpr int pixelsPerMarker = 2000;
+
+// Of places for markers, a byte each, in what is drawn at a time.
+constexpr double mostCells = 1.6e7;
+constexpr int fewestRows = 2 * largestMarker;
 
 bool isFilled(MarkerShape shape)
 {
@@ -43,26 +46,46 @@ std::optional<double> pixelRatio(const QPainter &painter)
     return transform.m11();
 }
 
-/// Whether markers for `ranges` of samples are quickly drawn one by one on a picture of `size`.
-bool areFew(const QVector<IndexRange> &ranges, const QSizeF &size)
+/// How many rows of pixels are drawn at a time, so that a huge picture does not take all memory.
+int rowsAtOnce(int width, double cellsPerPixel)
 {
-    const double most = std::max<double>(fewMarkers, size.width() * size.height() / pixelsPerMarker);
-    double count = 0.0;
-    return std::all_of(ranges.cbegin(), ranges.cend(), [&count, most](const IndexRange &range) {
-        count += range.size();
-        return count <= most;
-    });
+    const double cellsInRow = std::max(1, width) * cellsPerPixel * cellsPerPixel;
+    return qRound(qBound(double(fewestRows), mostCells / cellsInRow, 1e6));
 }
 
-/// The samples, out of `ranges`, whose markers may reach into `area`.
-QVector<QPointF> pointsNear(const QVector<QPointF> &points, const QVector<IndexRange> &ranges,
-                            const PixelMapping &mapping, const QRectF &area)
+/// The samples that can be seen, and one neighbour at each side.
+struct VisibleSamples
 {
+    QVector<IndexRange> runs;
+    IndexRange lone; ///< by place in SampleSeries::loneSamples()
+};
+
+/// Whether markers for `samples` are quickly drawn one by one on a picture of `size`.
+bool areFew(const VisibleSamples &samples, const QSizeF &size)
+{
+    const double most = std::max<double>(fewMarkers, size.width() * size.height() / pixelsPerMarker);
+    double count = samples.lone.size();
+    return count <= most
+           && std::all_of(samples.runs.cbegin(), samples.runs.cend(), [&count, most](const IndexRange &run) {
+                  count += run.size();
+                  return count <= most;
+              });
+}
+
+/// Those of `samples` whose markers may reach into `area`.
+QVector<QPointF> pointsNear(SampleSeries &series, const VisibleSamples &samples, const PixelMapping &mapping,
+                            const QRectF &area)
+{
+    const QVector<QPointF> &points = series.points();
     QVector<QPointF> near;
-    for (const IndexRange &range : ranges) {
-        std::copy_if(points.cbegin() + range.begin, points.cbegin() + range.end, std::back_inserter(near),
-                     [&mapping, &area](const QPointF &point) { return area.contains(mapping.map(point)); });
-    }
+    const auto append = [&near, &mapping, &area](const QPointF &point) {
+        if (area.contains(mapping.map(point)))
+            near.append(point);
+    };
+    for (const IndexRange &run : samples.runs)
+        std::for_each(points.cbegin() + run.begin, points.cbegin() + run.end, append);
+    for (int i = samples.lone.begin; i < samples.lone.end; ++i)
+        append(points.at(series.loneSamples().at(i)));
     return near;
 }
 
@@ -92,13 +115,20 @@ public:
         m_points = series.points().constData();
         if (m_isFilled && (m_canvas.width() == 0.0 || m_canvas.height() == 0.0))
             return;
-        if (!series.isAscending()) {
+        if (series.isAscending()) {
+            addColumns(series);
+        } else {
             for (const IndexRange &run : series.runs())
                 addAll(run);
-            for (const int lone : series.loneSamples())
-                add(m_points[lone]);
-            return;
         }
+        const IndexRange lone = visibleLoneSamples(series, m_mapping, m_left, m_right);
+        for (int i = lone.begin; i < lone.end; ++i)
+            add(m_points[series.loneSamples().at(i)]);
+    }
+
+private:
+    void addColumns(SampleSeries &series)
+    {
         const QVector<ColumnSamples> columns = visibleColumns(series, m_mapping, m_left, m_right);
         for (const ColumnSamples &column : columns) {
             if (column.hasGaps)
@@ -108,12 +138,8 @@ public:
             else
                 addAll(column.samples);
         }
-        const IndexRange lone = visibleLoneSamples(series, m_mapping, m_left, m_right);
-        for (int i = lone.begin; i < lone.end; ++i)
-            add(m_points[series.loneSamples().at(i)]);
     }
 
-private:
     /// Adds those of `samples` that are in a run.
     void addRuns(const QVector<IndexRange> &runs, const IndexRange &samples)
     {
@@ -197,18 +223,23 @@ void drawReducedMarkers(QPainter &painter, SampleSeries &series, const MarkerSty
     const PixelMapping mapping(style.toPixel);
     const double reach = style.size + pen.widthF() + 1.0;
     const QRectF area = QRectF(QPointF(0.0, 0.0), size).adjusted(-reach, -reach, reach, reach);
-    const QVector<IndexRange> ranges = visibleRanges(series, mapping, area.left(), area.right());
+    const VisibleSamples samples{visibleRanges(series, mapping, area.left(), area.right()),
+                                 visibleLoneSamples(series, mapping, area.left(), area.right())};
     const std::optional<double> ratio = pixelRatio(painter);
     const std::optional<MarkerGrid> grid
         = ratio ? MarkerGrid::forShape(style.shape, *ratio, painter.testRenderHint(QPainter::Antialiasing))
                 : std::nullopt;
-    if (!grid || style.size * *ratio > largestMarker || areFew(ranges, QSizeF(size) * *ratio)) {
-        drawPointMarkers(painter, pointsNear(series.points(), ranges, mapping, area), style);
+    if (!grid || style.size * *ratio > largestMarker || areFew(samples, QSizeF(size) * *ratio)) {
+        drawPointMarkers(painter, pointsNear(series, samples, mapping, area), style);
         return;
     }
     painter.scale(1.0 / *ratio, 1.0 / *ratio);
     const QRect bounds = QRectF(QPointF(0.0, 0.0), QSizeF(size) * *ratio).toAlignedRect();
-    MarkerLayer layer(painter, bounds, *grid, style);
-    MarkerCollector(layer, style, grid->cellsPerUnit).collect(series);
-    layer.draw(painter);
+    const int rows = rowsAtOnce(bounds.width(), grid->cellsPerUnit / *ratio);
+    for (int top = bounds.top(); top <= bounds.bottom(); top += rows) {
+        const QRect band = bounds & QRect(bounds.left(), top, bounds.width(), rows);
+        MarkerLayer layer(painter, band, *grid, style);
+        MarkerCollector(layer, style, grid->cellsPerUnit).collect(series);
+        layer.draw(painter);
+    }
 }

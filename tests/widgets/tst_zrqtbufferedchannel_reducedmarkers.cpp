@@ -55,6 +55,8 @@ private Q_SLOTS:
     void lookPlainOnFinePixels();
     void respectOpacityAndComposition_data();
     void respectOpacityAndComposition();
+    void hugePicturesLookPlain_data();
+    void hugePicturesLookPlain();
     void millionsAreDrawnInTime_data();
     void millionsAreDrawnInTime();
 
@@ -197,6 +199,26 @@ void TestReducedMarkers::respectOpacityAndComposition()
     const double stray = strayInk(fromAfar(plain), fromAfar(picture(channel, Painting::Reduced, setup)));
     QVERIFY(inkedPixels(plain) > 200);
     QVERIFY2(stray < 0.08, qPrintable(QString::number(stray)));
+}
+
+void TestReducedMarkers::hugePicturesLookPlain_data()
+{
+    QTest::addColumn<int>("style");
+    QTest::addColumn<QSize>("size");
+    QTest::newRow("rectangle") << int(ZrQtBaseChannel::PointStyle_Rectangle) << QSize(4200, 4200);
+    QTest::newRow("cross") << int(ZrQtBaseChannel::PointStyle_Cross) << QSize(3000, 3000);
+}
+
+/// They are drawn a part at a time.
+void TestReducedMarkers::hugePicturesLookPlain()
+{
+    QFETCH(int, style);
+    QFETCH(QSize, size);
+    ZrQtBufferedChannel channel(&m_window);
+    prepare(channel, size, style);
+    channel.setPointSize(9);
+    channel.setData(SeriesShapes::noise(20000));
+    QCOMPARE(picture(channel, Painting::Reduced), picture(channel, Painting::Plain));
 }
 
 void TestReducedMarkers::millionsAreDrawnInTime_data()
