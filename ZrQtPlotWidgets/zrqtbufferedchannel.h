@@ -64,7 +64,7 @@ public:
     /// but opaque and solid lines that are wide or antialiased in short pieces, which does not take minutes.
     ///
     /// The first picture of new points looks at all of them once, and makes an index that speeds up all
-    /// pictures that follow. It takes some 4 % of the memory of the points, more if there are many gaps,
+    /// pictures that follow. It takes some 7 % of the memory of the points, more if there are many gaps,
     /// until they change or the property is switched off.
     ///
     /// A coordinate that is NaN, infinite, or stored as ±1e300, is a gap, whatever the width of the line. A

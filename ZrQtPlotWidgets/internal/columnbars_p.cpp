@@ -27,8 +27,9 @@ QVector<Rows> rowsOf(const QVector<ColumnBar> &bars, const QRect &bounds)
         if (visible.top < visible.end && bar.column >= bounds.left() && bar.column <= bounds.right())
             rows.append(visible);
     }
-    std::sort(rows.begin(), rows.end(),
-              [](const Rows &one, const Rows &other) { return one.column < other.column; });
+    const auto isLeftOf = [](const Rows &one, const Rows &other) { return one.column < other.column; };
+    if (!std::is_sorted(rows.cbegin(), rows.cend(), isLeftOf))
+        std::sort(rows.begin(), rows.end(), isLeftOf);
     return rows;
 }
 
@@ -61,7 +62,7 @@ QVector<QRect> rectanglesOf(const QVector<ColumnBar> &bars, const QRect &bounds)
 {
     const QVector<Rows> rows = rowsOf(bars, bounds);
     QVector<QRect> rectangles;
-    rectangles.reserve(2 * rows.size());
+    rectangles.reserve(rows.size());
     for (auto begin = rows.cbegin(); begin != rows.cend();) {
         auto end = begin + 1;
         while (end != rows.cend() && end - begin < columnsPerGroup && end->column == (end - 1)->column + 1)

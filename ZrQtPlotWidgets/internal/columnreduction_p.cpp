@@ -1,5 +1,7 @@
 #include "columnreduction_p.h"
 
+#include <QtCore/QtMath>
+
 #include <algorithm>
 #include <cmath>
 
@@ -21,8 +23,9 @@ public:
     {
     }
 
-    QVector<ColumnSamples> columns()
+    QVector<ColumnSamples> columns(int samples)
     {
+        m_columns.reserve(qCeil(qBound(0.0, m_right - m_left + 2.0, double(samples))));
         int run = firstRun();
         while (run < m_runs.size() && !isBeyond(m_runs.at(run).begin))
             run = appendRun(run) + 1;
@@ -174,7 +177,7 @@ private:
 QVector<ColumnSamples> visibleColumns(SampleSeries &series, const PixelMapping &mapping, double left,
                                       double right)
 {
-    return ColumnWalk(series, mapping, left, right).columns();
+    return ColumnWalk(series, mapping, left, right).columns(series.points().size());
 }
 
 QVector<IndexRange> visibleRanges(SampleSeries &series, const PixelMapping &mapping, double left,

@@ -8,34 +8,40 @@
 #include <QtCore/QVector>
 #include <QtGui/QTransform>
 
+#include <algorithm>
+#include <cmath>
+
 /// The way from data units to pixels of the paint device where both axes stay parallel to its edges.
 class PixelMapping
 {
 public:
     PixelMapping() = default;
     explicit PixelMapping(const QTransform &transform)
-        : m_transform(transform)
+        : m_xScale(transform.m11())
+        , m_xOffset(transform.dx())
+        , m_yScale(transform.m22())
+        , m_yOffset(transform.dy())
     {
     }
 
-    [[nodiscard]] double x(double value) const
-    {
-        return limited(m_transform.m11() * value + m_transform.dx());
-    }
-    [[nodiscard]] double y(double value) const
-    {
-        return limited(m_transform.m22() * value + m_transform.dy());
-    }
+    [[nodiscard]] double x(double value) const { return limited(m_xScale * value + m_xOffset); }
+    [[nodiscard]] double y(double value) const { return limited(m_yScale * value + m_yOffset); }
     [[nodiscard]] QPointF map(const QPointF &point) const { return QPointF(x(point.x()), y(point.y())); }
 
+    /// Pixels for a difference of y.
+    [[nodiscard]] double height(double difference) const { return std::abs(m_yScale * difference); }
+
     /// Whether pixels grow with the values of x.
-    [[nodiscard]] bool isForward() const { return m_transform.m11() >= 0.0; }
+    [[nodiscard]] bool isForward() const { return m_xScale >= 0.0; }
 
 private:
     /// Numbers that overflowed become large ones.
-    static double limited(double pixel) { return qBound(-1e300, pixel, 1e300); }
+    static double limited(double pixel) { return std::max(-1e300, std::min(1e300, pixel)); }
 
-    QTransform m_transform;
+    double m_xScale = 1.0;
+    double m_xOffset = 0.0;
+    double m_yScale = 1.0;
+    double m_yOffset = 0.0;
 };
 
 /// Samples that lie in one column of pixels, all in the same run between two gaps unless there are too many

@@ -5,6 +5,9 @@
 
 namespace {
 
+// Mostly Qt goes on from one of the first samples: these are looked at before anything is searched.
+constexpr int fewSamples = 32;
+
 // Samples that pass a middle but set no pixel are few, and close to one that does.
 constexpr int mostPassedOver = 64;
 
@@ -33,13 +36,21 @@ int HairlineStroker::next(const QPointF &from, const IndexRange &samples) const
     const int hidden = endOfHidden(from, samples);
     if (hidden > samples.begin)
         return hidden - 1;
-    const int begin = endOfStand(from, samples);
-    const int farthest = std::min(begin + mostPassedOver, samples.end);
-    for (int i = begin; i < farthest; ++i) {
-        if (goesOn(from, pixel(i)))
-            return i;
-    }
-    return farthest;
+    const int endOfFew = std::min(samples.begin + fewSamples, samples.end);
+    const int found = firstThatGoesOn(from, {samples.begin, endOfFew});
+    if (found < endOfFew || endOfFew == samples.end)
+        return found;
+    const int begin = endOfStand(from, {endOfFew, samples.end});
+    return firstThatGoesOn(from, {begin, std::min(begin + mostPassedOver, samples.end)});
+}
+
+/// The end of `samples` if there is none.
+int HairlineStroker::firstThatGoesOn(const QPointF &from, const IndexRange &samples) const
+{
+    int i = samples.begin;
+    while (i < samples.end && !goesOn(from, pixel(i)))
+        ++i;
+    return i;
 }
 
 /// The end of the samples that cannot be seen, on the side of the view where `from` is.

@@ -30,6 +30,7 @@ public:
 
 private:
     [[nodiscard]] QPointF pixel(int i) const { return m_mapping.map(m_points[i]); }
+    [[nodiscard]] int firstThatGoesOn(const QPointF &from, const IndexRange &samples) const;
     [[nodiscard]] int endOfStand(const QPointF &from, const IndexRange &samples) const;
     [[nodiscard]] int endOfHidden(const QPointF &from, const IndexRange &samples) const;
     template <typename Predicate>

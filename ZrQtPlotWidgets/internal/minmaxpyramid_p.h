@@ -13,7 +13,7 @@ using ExtentScan = SampleExtent (*)(const QPointF *points, int count);
 [[nodiscard]] SampleExtent extentOfY(const QPointF *points, int count);
 
 /// An index that tells the extent of y in any part of a series in a time that grows with the logarithm of its
-/// length. It takes some 4 % of the memory of the series, whose points it does not keep: every question needs
+/// length. It takes some 7 % of the memory of the series, whose points it does not keep: every question needs
 /// the same points again.
 class MinMaxPyramid
 {
@@ -21,7 +21,7 @@ public:
     [[nodiscard]] bool isEmpty() const { return m_levels.isEmpty(); }
 
     /// Points of which the index keeps one extent.
-    static constexpr int finestBlock = 32;
+    static constexpr int finestBlock = 16;
 
     /// `finest` holds the extents of all whole blocks of points; `scan` is for the points of parts of a
     /// block.

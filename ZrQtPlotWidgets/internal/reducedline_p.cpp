@@ -57,6 +57,7 @@ public:
     ReducedLine reduced(const QVector<ColumnSamples> &columns)
     {
         m_mostCost /= std::max(1, columns.size());
+        m_line.bars.reserve(columns.size());
         for (const ColumnSamples &column : columns) {
             if (column.samples.begin == column.run.begin)
                 endRun();
@@ -141,7 +142,7 @@ private:
         const int end = std::min(samples.begin + samplesJudged, samples.end);
         int moves = 0;
         for (int i = samples.begin + 1; i < end && moves < mostMoves; ++i)
-            moves += std::abs(pixel(i).y() - pixel(i - 1).y()) > longStep ? 1 : 0;
+            moves += step(i) > longStep ? 1 : 0;
         return moves == mostMoves;
     }
 
@@ -158,10 +159,13 @@ private:
     [[nodiscard]] double wayThrough(const IndexRange &samples) const
     {
         double way = 0.0;
-        for (int i = samples.begin; i + 1 < samples.end; ++i)
-            way += std::abs(pixel(i + 1).y() - pixel(i).y());
+        for (int i = samples.begin + 1; i < samples.end; ++i)
+            way += step(i);
         return way;
     }
+
+    /// How far y moves to sample `i` from the one before, in pixels.
+    [[nodiscard]] double step(int i) const { return m_mapping.height(m_points[i].y() - m_points[i - 1].y()); }
 
     /// Whether the line is mostly at other heights than those of its ends and its extremes, judged by a few
     /// samples. If not, it is a level, or two, with spikes.
@@ -195,11 +199,21 @@ private:
 
     [[nodiscard]] ColumnShape shapeOf(const ColumnSamples &column) const
     {
-        const SampleExtent extent = m_series.extent(column.samples);
+        const SampleExtent extent = extentOf(column);
         const double low = m_mapping.y(extent.low);
         const double high = m_mapping.y(extent.high);
         return {pixel(column.samples.begin), pixel(column.samples.end - 1), std::min(low, high),
                 std::max(low, high), column.column + 0.5};
+    }
+
+    [[nodiscard]] SampleExtent extentOf(const ColumnSamples &column) const
+    {
+        if (column.hasGaps || column.samples.size() > MinMaxPyramid::finestBlock)
+            return m_series.extent(column.samples);
+        SampleExtent extent;
+        for (int i = column.samples.begin; i < column.samples.end; ++i)
+            extent.include(m_points[i].y());
+        return extent;
     }
 
     /// The extreme that is nearer to the first sample comes first.
@@ -218,15 +232,29 @@ private:
     void appendBar(const ColumnSamples &column, const ColumnShape &shape)
     {
         const ColumnBar bar = barOf(column, shape);
-        if (!m_stroke.isEmpty()) {
-            const QPointF entry = entryOf(column, shape);
-            if (!m_lastIsBar || !joins(m_line.bars.constLast(), bar, m_stroke.constLast(), entry))
-                m_stroke.append(entry);
+        if (m_lastIsBar) {
+            appendLineBetween(m_line.bars.constLast(), bar, m_stroke.constFirst(), entryOf(column, shape));
+            m_stroke.first() = shape.last;
+        } else {
+            if (!m_stroke.isEmpty())
+                m_stroke.append(entryOf(column, shape));
             endStroke();
+            m_stroke.append(shape.last);
         }
         m_line.bars.append(bar);
-        m_stroke.append(shape.last);
         m_lastIsBar = true;
+    }
+
+    void appendLineBetween(const ColumnBar &one, const ColumnBar &other, const QPointF &from,
+                           const QPointF &to)
+    {
+        if (joins(one, other, from, to))
+            return;
+        // Qt draws a line of length 0 otherwise than a stroke through two points at the same place.
+        if (m_quality == LineQuality::Hairline && from != to)
+            m_line.hairlines.append(QLineF(from, to));
+        else
+            m_line.strokes.append(QPolygonF(QVector<QPointF>{from, to}));
     }
 
     /// Where the line from the column before comes to.
@@ -245,20 +273,25 @@ private:
     {
         if (m_quality != LineQuality::Hairline)
             return {column.column, shape.top, shape.bottom};
-        const bool hasBefore = column.samples.begin > column.run.begin;
-        const bool hasAfter = column.samples.end < column.run.end;
-        const double before = hasBefore ? pixel(column.samples.begin - 1).y() : shape.first.y();
-        const double after = hasAfter ? pixel(column.samples.end).y() : shape.last.y();
-        const bool goesOnDownwards = (shape.first.y() == shape.bottom && before > shape.bottom)
-                                     || (shape.last.y() == shape.bottom && after > shape.bottom);
         const double firstRow = std::floor(shape.top + 0.5);
         const double lastRow = std::floor(shape.bottom);
         double end = lastRow + 1.0;
-        if (shape.bottom - lastRow > 0.5 + meanStep(column))
+        const double rest = shape.bottom - lastRow;
+        if (rest > 0.5 && rest > 0.5 + meanStep(column))
             end += 1.0;
-        else if (goesOnDownwards)
+        else if (goesOnDownwards(column, shape))
             end = std::floor(shape.bottom + 0.5);
         return {column.column, firstRow, std::max(end, firstRow + 1.0)};
+    }
+
+    /// Whether the lowest sample is the first or the last one, and the line goes on below it.
+    [[nodiscard]] bool goesOnDownwards(const ColumnSamples &column, const ColumnShape &shape) const
+    {
+        const auto isBelow = [this, &column, &shape](int i) {
+            return i >= column.run.begin && i < column.run.end && pixel(i).y() > shape.bottom;
+        };
+        return (shape.first.y() == shape.bottom && isBelow(column.samples.begin - 1))
+               || (shape.last.y() == shape.bottom && isBelow(column.samples.end));
     }
 
     /// How far y moves from one sample to the next, in pixels, judged by a few of them.

@@ -3,6 +3,7 @@
 
 #include "columnreduction_p.h"
 
+#include <QtCore/QLineF>
 #include <QtCore/QPointF>
 #include <QtCore/QVector>
 #include <QtGui/QPolygonF>
@@ -26,6 +27,7 @@ struct ColumnBar
 struct ReducedLine
 {
     QVector<ColumnBar> bars;    ///< from left to right or from right to left
+    QVector<QLineF> hairlines;  ///< straight, and not of length 0
     QVector<QPolygonF> strokes; ///< lines through at least two points
 };
 

@@ -112,6 +112,9 @@ public:
     {
         const double reach = m_penWidth + 1.0;
         m_nearby = QRectF(bounds).adjusted(-reach, -reach, reach, reach);
+        const QRectF enough(QPointF(-enoughPixels, -enoughPixels), QPointF(enoughPixels, enoughPixels));
+        const QRectF all(QPointF(-farthestPixel, -farthestPixel), QPointF(farthestPixel, farthestPixel));
+        m_paintable = (enough | m_nearby) & all;
     }
 
     void draw(SampleSeries &series, const QTransform &toPixels)
@@ -127,10 +130,11 @@ private:
     {
         const QVector<ColumnSamples> columns = visibleColumns(series, mapping, m_bounds.left() - m_penWidth,
                                                               m_bounds.right() + 1 + m_penWidth);
-        const ReducedLine line = reducedLine(series, columns, mapping, m_quality, m_penWidth, m_bounds.top(),
-                                             m_bounds.bottom() + 1);
-        BarPainter(m_painter, m_bounds).draw(line.bars);
-        for (const QPolygonF &stroke : line.strokes)
+        ReducedLine line = reducedLine(series, columns, mapping, m_quality, m_penWidth, m_bounds.top(),
+                                       m_bounds.bottom() + 1);
+        BarPainter(m_painter, m_bounds).draw(std::move(line.bars));
+        drawHairlines(std::move(line.hairlines));
+        for (const QPolygonF &stroke : qAsConst(line.strokes))
             drawStroke(stroke);
     }
 
@@ -149,22 +153,34 @@ private:
         }
     }
 
+    /// Many at once: a call of the painter costs as much as some lines do.
+    void drawHairlines(QVector<QLineF> lines)
+    {
+        const auto firstFar = std::stable_partition(lines.begin(), lines.end(), [this](const QLineF &line) {
+            return isPaintable(line.p1()) && isPaintable(line.p2());
+        });
+        m_painter.drawLines(lines.constData(), static_cast<int>(firstFar - lines.begin()));
+        for (auto line = firstFar; line != lines.end(); ++line)
+            drawStroke(QPolygonF(QVector<QPointF>{line->p1(), line->p2()}));
+    }
+
     void drawStroke(const QPolygonF &stroke)
     {
-        const QRectF enough(QPointF(-enoughPixels, -enoughPixels), QPointF(enoughPixels, enoughPixels));
-        const QRectF all(QPointF(-farthestPixel, -farthestPixel), QPointF(farthestPixel, farthestPixel));
-        const QRectF box = (enough | m_nearby) & all;
-        const auto isFar = [&box](const QPointF &point) {
-            return !(point.x() >= box.left() && point.x() <= box.right() && point.y() >= box.top()
-                     && point.y() <= box.bottom()); // true for NaN
-        };
-        if (std::none_of(stroke.cbegin(), stroke.cend(), isFar)) {
+        if (std::all_of(stroke.cbegin(), stroke.cend(),
+                        [this](const QPointF &point) { return isPaintable(point); })) {
             drawNearStroke(stroke);
             return;
         }
-        const QVector<QPolygonF> parts = polylineWithin(stroke, box);
+        const QVector<QPolygonF> parts = polylineWithin(stroke, m_paintable);
         for (const QPolygonF &part : parts)
             drawNearStroke(part);
+    }
+
+    /// False for NaN.
+    [[nodiscard]] bool isPaintable(const QPointF &point) const
+    {
+        return point.x() >= m_paintable.left() && point.x() <= m_paintable.right()
+               && point.y() >= m_paintable.top() && point.y() <= m_paintable.bottom();
     }
 
     void drawNearStroke(const QPolygonF &stroke)
@@ -181,7 +197,8 @@ private:
     QRect m_bounds;
     LineQuality m_quality;
     double m_penWidth;
-    QRectF m_nearby; // where the line can reach into the picture
+    QRectF m_nearby;    // where the line can reach into the picture
+    QRectF m_paintable; // where it can be drawn as it is
 };
 
 void drawThroughLayer(QPainter &painter, SampleSeries &series, const QTransform &toPixels,

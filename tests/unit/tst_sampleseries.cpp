@@ -89,7 +89,7 @@ void TestSampleSeries::ascendingOrderIsSeen()
 void TestSampleSeries::indexTellsTheExtentOfAnyPart_data()
 {
     QTest::addColumn<Points>("points");
-    for (const int count : {0, 1, 31, 32, 33, 1000, 20000})
+    for (const int count : {0, 1, 15, 16, 17, 31, 32, 33, 1000, 20000})
         QTest::addRow("%d points", count) << SeriesShapes::noise(count);
     QTest::newRow("gaps") << SeriesShapes::gaps(5000);
     Points infinite = SeriesShapes::noise(5000);
