@@ -2,6 +2,7 @@
 
 #include "internal/boundingtracker_p.h"
 #include "zrqtbasechannel.h"
+#include "zrqtbasechannel_p.h"
 
 #include <algorithm>
 #include <cmath>
@@ -120,7 +121,7 @@ void ZrQtPlotPrivate::updateExtent(ZrQtBaseChannel *channel, const QRectF &rect,
 /// What \a channel adds to the extent of its system; nothing if it does not count.
 std::optional<Extent> ZrQtPlotPrivate::extentThatCounts(ZrQtBaseChannel *channel, PlotAxis axis) const
 {
-    if (!channel->isSelectedForDisplay() || !channel->useForScaling())
+    if (!channel->m_d->selectedForDisplay || !channel->m_d->useForScaling)
         return std::nullopt;
     const QRectF rect = channel->boundingRect();
     if (!useEmptyBoundingRectsForAutoFitScaling && !(CanvasScaling::sizeOf(rect, toDirection(axis)) > 0.0))
@@ -139,7 +140,7 @@ void ZrQtPlotPrivate::refit(CoordinateSystem cosy, PlotAxis axis)
     ZrQtBaseChannel *minChannel = nullptr;
     ZrQtBaseChannel *maxChannel = nullptr;
     for (ZrQtBaseChannel *channel : std::as_const(m_channels)) {
-        if (channel->cosy(axis) != cosy)
+        if ((axis == ZrQtPlot::Axis_X ? channel->m_d->cosyX : channel->m_d->cosyY) != cosy)
             continue;
         const std::optional<Extent> own = extentThatCounts(channel, axis);
         if (!own)

@@ -25,16 +25,6 @@ QRectF anchored(const QRectF &adjusted, const QRectF &canvas, Direction directio
 
 } // namespace
 
-Extent extentOf(const QRectF &rect, Direction direction)
-{
-    return direction == Direction::X ? Extent{rect.left(), rect.right()} : Extent{rect.top(), rect.bottom()};
-}
-
-double sizeOf(const QRectF &rect, Direction direction)
-{
-    return direction == Direction::X ? rect.width() : rect.height();
-}
-
 QRectF withExtent(const QRectF &rect, Direction direction, Extent extent)
 {
     return direction == Direction::X ? QRectF(extent.low, rect.y(), extent.size(), rect.height())

@@ -26,8 +26,16 @@ enum class AspectAnchor {
     End     ///< both edges stay where they were
 };
 
-[[nodiscard]] Extent extentOf(const QRectF &rect, Direction direction);
-[[nodiscard]] double sizeOf(const QRectF &rect, Direction direction);
+// Inline: a fit asks them of every channel, and each channel that is added asks for a fit.
+[[nodiscard]] inline Extent extentOf(const QRectF &rect, Direction direction)
+{
+    return direction == Direction::X ? Extent{rect.left(), rect.right()} : Extent{rect.top(), rect.bottom()};
+}
+
+[[nodiscard]] inline double sizeOf(const QRectF &rect, Direction direction)
+{
+    return direction == Direction::X ? rect.width() : rect.height();
+}
 
 /// Compares exactly, where QRectF's own comparison is fuzzy: at times of the present in milliseconds, that
 /// takes a pan by a pixel for none.
