@@ -78,18 +78,20 @@ def run(program, *arguments):
 
 
 def find_cases(folder):
-    """Pairs (program, mode), ours first, and the scenarios."""
+    """Pairs (program, mode), ours first, the scenarios, and the names of the libraries with their versions."""
     programs = sorted(folder.glob("compare_*"), key=lambda path: (not path.name.endswith(OURS.lower()), path.name))
     programs = [path for path in programs if os.access(path, os.X_OK) and path.is_file()]
     if not programs:
         sys.exit(f"no programs in {folder}: build the preset release first")
     cases = []
     scenarios = []
+    libraries = []
     for program in programs:
         words = run(program, "--list")
+        libraries.append(" ".join(name for kind, name in words if kind in ("library", "version")))
         cases += [(program, name) for kind, name in words if kind == "mode"]
         scenarios = [name for kind, name in words if kind == "scenario"]
-    return cases, scenarios
+    return cases, scenarios, libraries
 
 
 def is_hopeless(given_up, case, scenario):
@@ -190,8 +192,8 @@ def processor():
         return platform.machine()
 
 
-def report(medians, scenarios, rounds, clock):
-    out = [f"{processor()}, {os.cpu_count()} cores, {platform.system()}; medians of {rounds} "
+def report(medians, scenarios, libraries, rounds, clock):
+    out = [f"{', '.join(libraries)}. {processor()}, {os.cpu_count()} cores, {platform.system()}; medians of {rounds} "
            f"round{'s' if rounds > 1 else ''}, in milliseconds {clock}a frame (`{MEMORY}`: bytes a point). "
            "–: a frame takes more than ten seconds, or did so with fewer points.", ""]
     print_medians(medians, scenarios, out)
@@ -211,7 +213,7 @@ def write_between_marks(page, text):
 def main():
     options = read_options()
     rounds = 1 if options.quick else options.rounds
-    cases, scenarios = find_cases(options.build)
+    cases, scenarios, libraries = find_cases(options.build)
     scenarios = [name for name in scenarios if fnmatch.fnmatchcase(name, options.scenario)]
     if options.quick:
         scenarios = [name for name in scenarios if not name.endswith(("1e6", "1e7"))]
@@ -219,7 +221,7 @@ def main():
     medians = measure(cases, scenarios, rounds, arguments)
     if not medians:
         sys.exit("nothing was measured")
-    text = report(medians, scenarios, rounds, "of processor time " if options.cpu else "")
+    text = report(medians, scenarios, libraries, rounds, "of processor time " if options.cpu else "")
     if options.output:
         write_between_marks(options.output, text)
     else:

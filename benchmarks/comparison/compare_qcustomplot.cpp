@@ -105,6 +105,11 @@ QString libraryName()
     return QStringLiteral("QCustomPlot");
 }
 
+QString libraryVersion()
+{
+    return QStringLiteral(QCUSTOMPLOT_VERSION_STR);
+}
+
 QStringList libraryModes()
 {
     return {plainMode, adaptiveMode};

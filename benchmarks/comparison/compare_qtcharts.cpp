@@ -126,6 +126,11 @@ QString libraryName()
 
 /// QAbstractSeries::setUseOpenGL() is the one faster mode of the library. It draws into a widget of its own,
 /// not into the image, and needs a graphics card.
+QString libraryVersion()
+{
+    return QString::fromLatin1(qVersion());
+}
+
 QStringList libraryModes()
 {
     return {QStringLiteral("plain")};

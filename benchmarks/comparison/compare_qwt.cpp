@@ -101,6 +101,11 @@ QString libraryName()
     return QStringLiteral("Qwt");
 }
 
+QString libraryVersion()
+{
+    return QStringLiteral(QWT_VERSION_STR);
+}
+
 QStringList libraryModes()
 {
     return {QStringLiteral("plain"), filteredMode};

@@ -79,6 +79,11 @@ QString libraryName()
     return QStringLiteral("ZrQtPlotWidgets");
 }
 
+QString libraryVersion()
+{
+    return QStringLiteral(ZRQTPLOTWIDGETS_VERSION_STR);
+}
+
 QStringList libraryModes()
 {
     return {QStringLiteral("plain"), reducedMode};

@@ -41,8 +41,8 @@ public:
 
 // Each library defines these.
 
-/// The name of the library, with its version where there is a choice.
 [[nodiscard]] QString libraryName();
+[[nodiscard]] QString libraryVersion();
 
 /// The plain mode, and the fastest ones that the documentation of the library offers.
 [[nodiscard]] QStringList libraryModes();

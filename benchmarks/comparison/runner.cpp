@@ -333,7 +333,7 @@ int main(int argc, char *argv[])
     options.addHelpOption();
     options.addOptions({
         {QStringLiteral("list"),
-         QStringLiteral("Print \"mode <name>\" and \"scenario <name>\" of all, and exit.")},
+         QStringLiteral("Print name and version of the library, its modes, and all scenarios, a line each.")},
         {QStringLiteral("mode"), QStringLiteral("Only this mode of the library."), QStringLiteral("name")},
         {QStringLiteral("scenario"), QStringLiteral("Only scenarios that match; * and ? are wildcards."),
          QStringLiteral("pattern")},
@@ -348,6 +348,8 @@ int main(int argc, char *argv[])
     options.process(application);
     if (!options.isSet(QStringLiteral("list")))
         return comparison::run(options);
+    std::printf("library %s\nversion %s\n", qUtf8Printable(comparison::libraryName()),
+                qUtf8Printable(comparison::libraryVersion()));
     for (const QString &mode : comparison::libraryModes())
         std::printf("mode %s\n", qUtf8Printable(mode));
     for (const comparison::Scenario &scenario : comparison::scenarios())
