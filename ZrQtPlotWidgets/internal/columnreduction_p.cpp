@@ -40,6 +40,16 @@ public:
         return ranges;
     }
 
+    [[nodiscard]] IndexRange span() const
+    {
+        const int first = firstRun();
+        const int end
+            = firstWhere({first, m_runs.size()}, [this](int i) { return isBeyond(m_runs.at(i).begin); });
+        if (first == end)
+            return {};
+        return {visiblePart(m_runs.at(first)).begin, visiblePart(m_runs.at(end - 1)).end};
+    }
+
     [[nodiscard]] IndexRange visibleOf(const QVector<int> &samples) const
     {
         const auto *begin
@@ -184,6 +194,11 @@ QVector<IndexRange> visibleRanges(SampleSeries &series, const PixelMapping &mapp
                                   double right)
 {
     return series.isAscending() ? ColumnWalk(series, mapping, left, right).ranges() : series.runs();
+}
+
+IndexRange visibleSpan(SampleSeries &series, const PixelMapping &mapping, double left, double right)
+{
+    return ColumnWalk(series, mapping, left, right).span();
 }
 
 IndexRange visibleLoneSamples(SampleSeries &series, const PixelMapping &mapping, double left, double right)

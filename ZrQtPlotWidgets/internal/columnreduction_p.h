@@ -65,6 +65,10 @@ struct ColumnSamples
 [[nodiscard]] QVector<IndexRange> visibleRanges(SampleSeries &series, const PixelMapping &mapping,
                                                 double left, double right);
 
+/// From the first to the last of the samples that visibleColumns() looks at, with the gaps between them.
+[[nodiscard]] IndexRange visibleSpan(SampleSeries &series, const PixelMapping &mapping, double left,
+                                     double right);
+
 /// Which of the samples between two gaps, by their place in SampleSeries::loneSamples(), lie between the
 /// pixels `left` and `right`; all of them if the series does not ascend.
 [[nodiscard]] IndexRange visibleLoneSamples(SampleSeries &series, const PixelMapping &mapping, double left,

@@ -120,16 +120,27 @@ public:
     void draw(SampleSeries &series, const QTransform &toPixels)
     {
         if (series.isAscending() && isAlongAxes(toPixels))
-            drawColumns(series, PixelMapping(toPixels));
+            drawVisibleSamples(series, PixelMapping(toPixels));
         else
             drawEverySample(series, toPixels);
     }
 
 private:
-    void drawColumns(SampleSeries &series, const PixelMapping &mapping)
+    void drawVisibleSamples(SampleSeries &series, const PixelMapping &mapping)
     {
-        const QVector<ColumnSamples> columns = visibleColumns(series, mapping, m_bounds.left() - m_penWidth,
-                                                              m_bounds.right() + 1 + m_penWidth);
+        const double left = m_bounds.left() - m_penWidth;
+        const double right = m_bounds.right() + 1 + m_penWidth;
+        if (visibleSpan(series, mapping, left, right).size() > m_bounds.width()) {
+            drawColumns(series, visibleColumns(series, mapping, left, right), mapping);
+            return;
+        }
+        const QVector<IndexRange> ranges = visibleRanges(series, mapping, left, right);
+        for (const IndexRange &range : ranges)
+            drawSamples(series, range, [&mapping](const QPointF &point) { return mapping.map(point); });
+    }
+
+    void drawColumns(SampleSeries &series, const QVector<ColumnSamples> &columns, const PixelMapping &mapping)
+    {
         ReducedLine line = reducedLine(series, columns, mapping, m_quality, m_penWidth, m_bounds.top(),
                                        m_bounds.bottom() + 1);
         BarPainter(m_painter, m_bounds).draw(std::move(line.bars));
@@ -140,17 +151,22 @@ private:
 
     void drawEverySample(SampleSeries &series, const QTransform &toPixels)
     {
-        const bool alongAxes = isAlongAxes(toPixels);
         const PixelMapping mapping(toPixels);
         for (const IndexRange &run : series.runs()) {
-            QPolygonF line;
-            line.reserve(run.size());
-            for (int i = run.begin; i < run.end; ++i) {
-                const QPointF &point = series.points().at(i);
-                line.append(alongAxes ? mapping.map(point) : toPixels.map(point));
-            }
-            drawStroke(line);
+            if (isAlongAxes(toPixels))
+                drawSamples(series, run, [&mapping](const QPointF &point) { return mapping.map(point); });
+            else
+                drawSamples(series, run, [&toPixels](const QPointF &point) { return toPixels.map(point); });
         }
+    }
+
+    template <typename ToPixel>
+    void drawSamples(const SampleSeries &series, const IndexRange &samples, ToPixel toPixel)
+    {
+        QPolygonF line(samples.size());
+        const auto *points = series.points().constData();
+        std::transform(points + samples.begin, points + samples.end, line.begin(), toPixel);
+        drawStroke(line);
     }
 
     /// Many at once: a call of the painter costs as much as some lines do.

@@ -94,6 +94,8 @@ void TestColumnReduction::columnsHoldWhatIsVisible()
     }
     // And hardly more than that.
     QVERIFY(columns.size() <= 2 * (right - left));
+    const IndexRange span = visibleSpan(series, mapping, left, right);
+    QCOMPARE(span, (IndexRange{columns.constFirst().samples.begin, columns.constLast().samples.end}));
 }
 
 void TestColumnReduction::neighboursComeAlong()
@@ -146,9 +148,13 @@ void TestColumnReduction::crowdedRunsKeepToTheirExtent()
         for (const QPointF &point : stroke)
             QVERIFY(point.y() >= 10.0 && point.y() <= 69.0);
     }
+    for (const QLineF &hairline : line.hairlines) {
+        for (const double y : {hairline.y1(), hairline.y2()})
+            QVERIFY(y >= 10.0 && y <= 69.0);
+    }
     for (const ColumnBar &bar : line.bars)
         QVERIFY(bar.top >= 10.0 && bar.bottom <= 70.0);
-    QVERIFY(line.strokes.size() + line.bars.size() >= 9);
+    QVERIFY(line.strokes.size() + line.hairlines.size() + line.bars.size() >= 9);
 }
 
 void TestColumnReduction::crowdedRunsKeepToTheirExtent_data()
@@ -168,6 +174,7 @@ void TestColumnReduction::loneSamplesHaveNoLine()
     const PixelMapping mapping(QTransform::fromScale(100, 1));
     QVERIFY(visibleColumns(series, mapping, -1, 101).isEmpty());
     QVERIFY(visibleRanges(series, mapping, -1, 101).isEmpty());
+    QCOMPARE(visibleSpan(series, mapping, -1, 101).size(), 0);
     QCOMPARE(visibleLoneSamples(series, mapping, -1, 101), (IndexRange{0, 500}));
     QCOMPARE(visibleLoneSamples(series, mapping, 30, 40).size(), 50);
 }
