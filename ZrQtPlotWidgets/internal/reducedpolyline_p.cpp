@@ -25,6 +25,8 @@ constexpr int enoughPixels = 16000;
 
 constexpr int fewSamples = 64; // that are no trouble for Qt with any pen
 
+constexpr int mostLayerPixels = 16000000; // at a time; four bytes each
+
 bool drawsPixels(const QPainter &painter)
 {
     return painter.paintEngine()->type() == QPaintEngine::Raster && painter.deviceTransform().isAffine();
@@ -217,13 +219,10 @@ private:
     QRectF m_paintable; // where it can be drawn as it is
 };
 
-void drawThroughLayer(QPainter &painter, SampleSeries &series, const QTransform &toPixels,
-                      const QRect &bounds)
+/// Draws the part of the line that lies in `band`.
+void drawThroughLayer(QPainter &painter, SampleSeries &series, const QTransform &toPixels, const QRect &band)
 {
-    const QRect visible = bounds & painter.clipBoundingRect().toAlignedRect();
-    if (visible.isEmpty())
-        return;
-    QImage layer(visible.size(), QImage::Format_ARGB32_Premultiplied);
+    QImage layer(band.size(), QImage::Format_ARGB32_Premultiplied);
     layer.fill(Qt::transparent);
     QPen pen = painter.pen();
     const QColor color = pen.color();
@@ -233,11 +232,22 @@ void drawThroughLayer(QPainter &painter, SampleSeries &series, const QTransform 
     layerPainter.setPen(pen);
     layerPainter.setClipRect(layer.rect());
     LinePainter(layerPainter, layer.rect())
-        .draw(series, toPixels * QTransform::fromTranslate(-visible.left(), -visible.top()));
+        .draw(series, toPixels * QTransform::fromTranslate(-band.left(), -band.top()));
     layerPainter.setCompositionMode(QPainter::CompositionMode_SourceIn);
     layerPainter.fillRect(layer.rect(), color); // rounds as painting with the translucent pen does
     layerPainter.end();
-    painter.drawImage(visible.topLeft(), layer);
+    painter.drawImage(band.topLeft(), layer);
+}
+
+/// Draws in bands of rows, so that a huge picture does not take all memory.
+void drawThroughLayers(QPainter &painter, SampleSeries &series, const QTransform &toPixels,
+                       const QRect &bounds)
+{
+    const QRect visible = bounds & painter.clipBoundingRect().toAlignedRect();
+    const int rows = std::max(1, mostLayerPixels / std::max(1, visible.width()));
+    for (int top = visible.top(); top <= visible.bottom(); top += rows)
+        drawThroughLayer(painter, series, toPixels,
+                         visible & QRect(visible.left(), top, visible.width(), rows));
 }
 
 /// Draws all samples on what is no picture of pixels.
@@ -261,7 +271,7 @@ void drawReducedPolyline(QPainter &painter, SampleSeries &series)
     painter.setClipRect(bounds, Qt::IntersectClip); // many times as fast, see drawPolyline()
     preferSourceOver(painter);
     if (needsLayer(painter, series))
-        drawThroughLayer(painter, series, toPixels, bounds);
+        drawThroughLayers(painter, series, toPixels, bounds);
     else
         LinePainter(painter, bounds).draw(series, toPixels);
 }

@@ -69,6 +69,7 @@ private Q_SLOTS:
     void repeatedPointsHaveCapsAndJoints();
     void picturesMayBeHuge_data();
     void picturesMayBeHuge();
+    void hugeTranslucentLinesAreWhole();
     void gapsInterruptOnOtherDevices_data();
     void gapsInterruptOnOtherDevices();
     void wideLinesDoNotFreezeUnderTurnedPainters();
@@ -321,6 +322,17 @@ void TestReducedPens::picturesMayBeHuge_data()
     QTest::newRow("hairline") << 1 << false;
     QTest::newRow("antialiased") << 1 << true;
     QTest::newRow("wide") << 3 << false;
+}
+
+/// They are mixed with the picture some rows at a time.
+void TestReducedPens::hugeTranslucentLinesAreWhole()
+{
+    ZrQtBufferedChannel channel(&m_window);
+    prepare(channel, QSize(4200, 4200), {"", 9, QColor(0, 0, 255, 128), Qt::SolidLine});
+    channel.setData(SeriesShapes::sine(100));
+    const QImage plain = picture(channel, Painting::Plain);
+    QVERIFY(inkedPixels(plain) > 4200 * 9);
+    QVERIFY(strayInk(plain, picture(channel, Painting::Reduced)) < 0.001);
 }
 
 void TestReducedPens::picturesMayBeHuge()
