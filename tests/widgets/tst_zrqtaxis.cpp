@@ -1,39 +1,7 @@
-#include "ZrQtPlotWidgets/zrqtaxis.h"
 #include "shared/quiettest.h"
-
-#include <QtGui/QFontMetrics>
-#include <QtGui/QImage>
-#include <QtTest/qtestspontaneevent.h>
-#include <QtWidgets/QApplication>
-
-#include <cmath>
-#include <functional>
-#include <limits>
-
-using Setup = std::function<void(ZrQtAxis &)>;
-Q_DECLARE_METATYPE(Setup)
+#include "shared/shownaxis.h"
 
 namespace {
-
-constexpr double notANumber = std::numeric_limits<double>::quiet_NaN();
-constexpr double infinity = std::numeric_limits<double>::infinity();
-
-/// Counts its repaints.
-class CountingAxis : public ZrQtAxis
-{
-    Q_OBJECT
-
-public:
-    using ZrQtAxis::ZrQtAxis;
-    int paints = 0;
-
-protected:
-    void paintEvent(QPaintEvent *event) override
-    {
-        ++paints;
-        ZrQtAxis::paintEvent(event);
-    }
-};
 
 /// A subclass has another class name than its base.
 class DerivedPlot : public ZrQtPlot
@@ -60,54 +28,6 @@ protected:
     }
 };
 
-/// A window on which an axis of a given size stands, all pending paint events done.
-struct ShownAxis
-{
-    ShownAxis()
-    {
-        window.resize(600, 500);
-        axis.setParent(&window);
-        axis.resize(100, 400);
-        window.show();
-        settle();
-    }
-
-    int settle()
-    {
-        QCoreApplication::processEvents();
-        return std::exchange(axis.paints, 0);
-    }
-
-    QImage picture()
-    {
-        QImage image(axis.size(), QImage::Format_RGB32);
-        image.fill(Qt::white);
-        axis.render(&image, QPoint(), QRegion(), QWidget::RenderFlags());
-        settle();
-        return image;
-    }
-
-    QWidget window;
-    CountingAxis axis;
-};
-
-/// A shown axis that has not yet seen how much of its length the low margin takes.
-struct MarginAxis : ShownAxis
-{
-    MarginAxis() { setUp(axis); }
-
-    void setUp(ZrQtAxis &target)
-    {
-        target.setLabelFormat(ZrQtAxis::FloatingPoint);
-        target.setPrecision(0);
-        target.setShowBoundLabels(false);
-        target.setMinMax(0.0, 1000.0);
-        target.resize(target.width(), 400);
-        target.show();
-        target.setMarginLow(220);
-    }
-};
-
 QString printed(const QVariant &value)
 {
     return QString::fromLatin1(value.typeName()) + QLatin1Char(' ') + value.toString();
@@ -117,31 +37,15 @@ void nothing(ZrQtAxis &)
 {
 }
 
-void withFloatingPoint(ZrQtAxis &axis)
-{
-    axis.setLabelFormat(ZrQtAxis::FloatingPoint);
-}
-
 void withThousands(ZrQtAxis &axis)
 {
     axis.setLabelFormat(ZrQtAxis::Exponential);
     axis.setMinMax(1500.0, 17000.0);
 }
 
-void withDay(ZrQtAxis &axis)
-{
-    axis.setLabelFormat(ZrQtAxis::DateTime);
-    axis.setMinMax(1.6e12, 1.6e12 + 3600e3);
-}
-
-void atBottom(ZrQtAxis &axis)
-{
-    axis.setPosition(Qt::BottomEdge);
-    axis.resize(400, axis.height());
-}
-
 } // namespace
 
+/// The properties of an axis, and the plot and the canvas that it belongs to.
 class TestZrQtAxis : public QuietTest
 {
     Q_OBJECT
@@ -161,50 +65,17 @@ private Q_SLOTS:
     void axisOffsetIsAddedTwice();
     void axisOffsetAloneMovesNothing();
     void repeatedBoundsDoNothing();
-    void drawMinBelowMinTicksFromMin();
-    void drawingRangeIsTickedAlone();
     void drawMinMaxIsKeptWithoutEffect();
-
-    void marginsAreRaisedToTheLeast_data();
-    void marginsAreRaisedToTheLeast();
-    void leastMargins_data();
-    void leastMargins();
-    void marginsAloneDoNotChangeTheNumberOfTicks();
 
     void invertedSignals_data();
     void invertedSignals();
-    void invertedTicksRunBackwards();
-    void tickPixels_data();
-    void tickPixels();
-    void subTicksAtTheEndsNeedIncreasedPrecision();
-    void timeBelowTheEpochIsTickedFromTheEpoch();
-    void unitFactorScalesNumbersOnly();
     void timePlusMsBringsItsFormat();
-
-    void positionAlwaysAsksForUpdate();
-    void combinedEdgesSetThePolicyOnly();
-    void changedEdgeFreesTheOtherDirection();
-    void limitsAlongTheAxisSurvive();
 
     void followsCanvas_data();
     void followsCanvas();
     void ignoresCanvasOfOtherSystem();
     void standsAlone();
     void parentSeesAnAxis();
-
-    void showAsksForUpdate();
-    void updateAxisDoesNotAskForUpdate();
-    void widerLabelsAskForUpdate();
-    void resizingItselfAsksForUpdateOnce();
-    void deletionWhileResizingItself();
-    void biggerFontAsksForUpdate();
-    void resizedAxisGetsMoreTicks();
-
-    void showsNothingForAbsurdRanges_data();
-    void showsNothingForAbsurdRanges();
-    void survivesAbsurdSizes_data();
-    void survivesAbsurdSizes();
-    void survivesDeletionInItsOwnSignal();
 };
 
 void TestZrQtAxis::defaults_data()
@@ -446,34 +317,6 @@ void TestZrQtAxis::repeatedBoundsDoNothing()
     QCOMPARE(shown.axis.max(), 6.0);
 }
 
-void TestZrQtAxis::drawMinBelowMinTicksFromMin()
-{
-    ShownAxis shown;
-    atBottom(shown.axis);
-    shown.axis.setDrawingRangeLimited(true);
-    shown.axis.setDrawMin(-100.0);
-    QCOMPARE(shown.axis.drawMin(), -100.0);
-    QCOMPARE(int(shown.axis.tickPositions().constFirst()), shown.axis.marginLow());
-    QCOMPARE(int(shown.axis.tickPositions().constLast()), shown.axis.width() - shown.axis.marginHigh());
-}
-
-void TestZrQtAxis::drawingRangeIsTickedAlone()
-{
-    ShownAxis shown;
-    atBottom(shown.axis);
-    shown.axis.setMinMax(0.0, 10.0);
-    const QVector<double> all = shown.axis.tickPositions();
-    shown.axis.setDrawMinMax(2.0, 8.0);
-    QCOMPARE(shown.axis.tickPositions(), all);
-    shown.axis.setDrawingRangeLimited(true);
-    const double length = shown.axis.width() - shown.axis.marginLow() - shown.axis.marginHigh() - 1;
-    QCOMPARE(shown.axis.tickPositions().constFirst(), std::trunc(shown.axis.marginLow() + 0.2 * length));
-    QCOMPARE(shown.axis.tickPositions().constLast(),
-             std::trunc(shown.axis.width() - shown.axis.marginHigh() - 0.2 * length));
-    shown.axis.setDrawingRangeLimited(false);
-    QCOMPARE(shown.axis.tickPositions(), all);
-}
-
 void TestZrQtAxis::drawMinMaxIsKeptWithoutEffect()
 {
     ZrQtAxis axis;
@@ -482,67 +325,6 @@ void TestZrQtAxis::drawMinMaxIsKeptWithoutEffect()
     QCOMPARE(axis.drawMin(), -5.0);
     QCOMPARE(axis.drawMax(), 5.0);
     QCOMPARE(axis.drawingRangeLimited(), false);
-}
-
-void TestZrQtAxis::marginsAreRaisedToTheLeast_data()
-{
-    QTest::addColumn<QByteArray>("margin");
-    QTest::addColumn<QByteArray>("least");
-    QTest::newRow("low") << QByteArray("marginLow") << QByteArray("minMarginLow");
-    QTest::newRow("high") << QByteArray("marginHigh") << QByteArray("minMarginHigh");
-}
-
-void TestZrQtAxis::marginsAreRaisedToTheLeast()
-{
-    QFETCH(QByteArray, margin);
-    QFETCH(QByteArray, least);
-    ShownAxis shown;
-    const int raised = shown.axis.property(least).toInt();
-    QVERIFY(raised > 0);
-    shown.axis.setProperty(margin, 0);
-    QCOMPARE(shown.axis.property(margin).toInt(), raised);
-    QVERIFY(shown.settle() > 0);
-
-    shown.axis.setProperty(margin, 0);
-    QCOMPARE(shown.axis.property(margin).toInt(), raised);
-    QVERIFY2(shown.settle() > 0, "0 differs from the stored margin and must lay the axis out again");
-
-    shown.axis.setProperty(margin, raised);
-    QCOMPARE(shown.settle(), 0);
-}
-
-void TestZrQtAxis::leastMargins_data()
-{
-    QTest::addColumn<Qt::Edge>("edge");
-    QTest::newRow("left") << Qt::LeftEdge;
-    QTest::newRow("right") << Qt::RightEdge;
-    QTest::newRow("top") << Qt::TopEdge;
-    QTest::newRow("bottom") << Qt::BottomEdge;
-}
-
-void TestZrQtAxis::leastMargins()
-{
-    QFETCH(Qt::Edge, edge);
-    const bool vertical = edge == Qt::LeftEdge || edge == Qt::RightEdge;
-    ShownAxis shown;
-    shown.axis.setLabelFormat(ZrQtAxis::FloatingPoint);
-    shown.axis.setPosition(edge);
-    shown.axis.resize(vertical ? QSize(shown.axis.width(), 370) : QSize(370, shown.axis.height()));
-    const QFontMetrics metrics(shown.axis.font());
-    const int extent = vertical ? metrics.height() : metrics.horizontalAdvance(QStringLiteral("0.0"));
-    QCOMPARE(shown.axis.minMarginLow(), extent / 2 + 3 + 1);
-    QCOMPARE(shown.axis.minMarginHigh(), extent / 2 + 3 + 1);
-}
-
-void TestZrQtAxis::marginsAloneDoNotChangeTheNumberOfTicks()
-{
-    ShownAxis shown;
-    const int ticks = shown.axis.tickPositions().size();
-    QVERIFY(ticks > 3);
-    shown.axis.setMarginLow(300);
-    QCOMPARE(shown.axis.tickPositions().size(), ticks);
-    shown.axis.resize(shown.axis.width(), 401);
-    QVERIFY(shown.axis.tickPositions().size() < ticks);
 }
 
 void TestZrQtAxis::invertedSignals_data()
@@ -576,100 +358,6 @@ void TestZrQtAxis::invertedSignals()
     }
 }
 
-void TestZrQtAxis::invertedTicksRunBackwards()
-{
-    ShownAxis shown;
-    atBottom(shown.axis);
-    const QVector<double> forwards = shown.axis.tickPositions();
-    shown.axis.setInverted(true);
-    const QVector<double> backwards = shown.axis.tickPositions();
-    QCOMPARE(backwards.size(), forwards.size());
-    QCOMPARE(backwards.constFirst(), forwards.constLast());
-    QCOMPARE(backwards.constLast(), forwards.constFirst());
-}
-
-void TestZrQtAxis::tickPixels_data()
-{
-    QTest::addColumn<Qt::Edge>("edge");
-    QTest::addColumn<bool>("inverted");
-    QTest::addColumn<double>("first");
-    QTest::addColumn<double>("second");
-    QTest::addColumn<double>("last");
-    // 441 pixels, margins of 25 (low) and 15 (high): 401 pixels from the first to the last tick.
-    QTest::newRow("bottom") << Qt::BottomEdge << false << 25.0 << 105.2 << 426.0;
-    QTest::newRow("top, inverted") << Qt::TopEdge << true << 426.0 << 345.8 << 25.0;
-    QTest::newRow("left") << Qt::LeftEdge << false << 416.0 << 335.8 << 15.0;
-    QTest::newRow("right, inverted") << Qt::RightEdge << true << 15.0 << 95.2 << 416.0;
-}
-
-void TestZrQtAxis::tickPixels()
-{
-    QFETCH(Qt::Edge, edge);
-    QFETCH(bool, inverted);
-    QFETCH(double, first);
-    QFETCH(double, second);
-    QFETCH(double, last);
-    QFont tiny;
-    tiny.setPixelSize(8);
-    ShownAxis shown;
-    shown.axis.setFont(tiny);
-    shown.axis.setPosition(edge);
-    shown.axis.setInverted(inverted);
-    shown.axis.setMarginLow(25);
-    shown.axis.setMarginHigh(15);
-    const bool vertical = edge == Qt::LeftEdge || edge == Qt::RightEdge;
-    shown.axis.resize(vertical ? QSize(shown.axis.width(), 441) : QSize(441, shown.axis.height()));
-    QCOMPARE(shown.axis.marginHigh(), 15);
-    const QVector<double> ticks = shown.axis.tickPositions();
-    QCOMPARE(ticks.size(), 6);
-    QCOMPARE(ticks.at(0), first);
-    QCOMPARE(ticks.at(1), second);
-    QCOMPARE(ticks.at(5), last);
-}
-
-void TestZrQtAxis::subTicksAtTheEndsNeedIncreasedPrecision()
-{
-    ShownAxis shown;
-    atBottom(shown.axis);
-    shown.axis.setMinMax(0.03, 0.97);
-    const double low = shown.axis.tickPositions().constFirst();
-    const double high = shown.axis.tickPositions().constLast();
-    shown.axis.setAllowIncreasedPrecision(false);
-    const QVector<double> subTicks = shown.axis.subTickPositions();
-    QVERIFY(!subTicks.isEmpty());
-    for (const double subTick : subTicks)
-        QVERIFY(subTick > low && subTick < high);
-}
-
-void TestZrQtAxis::timeBelowTheEpochIsTickedFromTheEpoch()
-{
-    ShownAxis shown;
-    shown.axis.setLabelFormat(ZrQtAxis::DateTime);
-    shown.axis.setMinMax(-5000.0, 60000.0);
-    QVERIFY(!shown.axis.tickPositions().isEmpty());
-    const QVector<double> fromBelow = shown.axis.tickPositions();
-    shown.axis.setMinMax(0.0, 60000.0);
-    QCOMPARE(shown.axis.tickPositions(), fromBelow);
-}
-
-void TestZrQtAxis::unitFactorScalesNumbersOnly()
-{
-    ShownAxis shown;
-    withFloatingPoint(shown.axis);
-    const int narrow = shown.axis.width();
-    shown.axis.setUnitFactor(1000.0);
-    const QFontMetrics metrics(shown.axis.font());
-    QCOMPARE(shown.axis.width() - narrow, metrics.horizontalAdvance(QStringLiteral("1000.0"))
-                                              - metrics.horizontalAdvance(QStringLiteral("0.0")));
-
-    shown.axis.setUnitFactor(1.0);
-    withDay(shown.axis);
-    const QVector<double> ticks = shown.axis.tickPositions();
-    QVERIFY(!ticks.isEmpty());
-    shown.axis.setUnitFactor(1000.0);
-    QCOMPARE(shown.axis.tickPositions(), ticks);
-}
-
 void TestZrQtAxis::timePlusMsBringsItsFormat()
 {
     ZrQtAxis axis;
@@ -680,66 +368,6 @@ void TestZrQtAxis::timePlusMsBringsItsFormat()
     QCOMPARE(axis.timeFormat(), QStringLiteral("%hh:%mm:%ss.%Ms"));
     axis.setLabelFormat(ZrQtAxis::Compact);
     QCOMPARE(axis.timeFormat(), QStringLiteral("%hh:%mm:%ss.%Ms"));
-}
-
-void TestZrQtAxis::positionAlwaysAsksForUpdate()
-{
-    ZrQtAxis axis;
-    axis.updateAxis();
-    QSignalSpy spy(&axis, &ZrQtAxis::requestUpdate);
-    axis.setPosition(Qt::RightEdge);
-    QCOMPARE(spy.count(), 1);
-    axis.setPosition(Qt::RightEdge);
-    QCOMPARE(spy.count(), 1);
-    axis.setPosition(Qt::Edge(int(Qt::RightEdge) | int(Qt::BottomEdge)));
-    QCOMPARE(spy.count(), 2);
-}
-
-void TestZrQtAxis::combinedEdgesSetThePolicyOnly()
-{
-    ZrQtAxis axis;
-    const QSizePolicy policy = axis.sizePolicy();
-    for (Qt::Edge edge : {Qt::TopEdge, Qt::RightEdge, Qt::BottomEdge, Qt::LeftEdge}) {
-        axis.setPosition(edge);
-        QCOMPARE(axis.sizePolicy(), policy);
-    }
-    axis.setPosition(Qt::Edge(int(Qt::TopEdge) | int(Qt::BottomEdge)));
-    QCOMPARE(axis.sizePolicy(), policy);
-    const QSize size = axis.size();
-    axis.setPosition(Qt::Edge(int(Qt::TopEdge) | int(Qt::LeftEdge)));
-    QCOMPARE(axis.sizePolicy().horizontalPolicy(), QSizePolicy::Fixed);
-    QCOMPARE(axis.sizePolicy().verticalPolicy(), QSizePolicy::MinimumExpanding);
-    QCOMPARE(axis.size(), size);
-}
-
-void TestZrQtAxis::changedEdgeFreesTheOtherDirection()
-{
-    ZrQtAxis axis;
-    axis.updateAxis();
-    QCOMPARE(axis.minimumWidth(), axis.maximumWidth());
-    QCOMPARE(axis.minimumHeight(), 0);
-    QCOMPARE(axis.maximumHeight(), QWIDGETSIZE_MAX);
-    QCOMPARE(axis.minimumSizeHint(), QSize(axis.width(), -1));
-    for (Qt::Edge edge : {Qt::BottomEdge, Qt::TopEdge}) {
-        // Also if the height happens to be right already.
-        axis.resize(axis.width(), edge == Qt::BottomEdge ? axis.fontMetrics().height() + 17 : 50);
-        axis.setPosition(edge);
-        QCOMPARE(axis.minimumHeight(), axis.height());
-        QCOMPARE(axis.maximumHeight(), axis.height());
-        QCOMPARE(axis.minimumWidth(), 0);
-        QCOMPARE(axis.maximumWidth(), QWIDGETSIZE_MAX);
-        QCOMPARE(axis.minimumSizeHint(), QSize(-1, axis.height()));
-    }
-}
-
-void TestZrQtAxis::limitsAlongTheAxisSurvive()
-{
-    ZrQtAxis axis;
-    axis.updateAxis();
-    axis.setMinimumHeight(200);
-    axis.setMinMax(0.0, 2.0);
-    axis.updateAxis();
-    QCOMPARE(axis.minimumHeight(), 200);
 }
 
 void TestZrQtAxis::followsCanvas_data()
@@ -791,225 +419,6 @@ void TestZrQtAxis::parentSeesAnAxis()
     auto *axis = new ZrQtAxis(&parent);
     QVERIFY(parent.sawAxis);
     QCOMPARE(axis->parentWidget(), &parent);
-}
-
-void TestZrQtAxis::showAsksForUpdate()
-{
-    ZrQtAxis axis;
-    axis.resize(50, 300);
-    axis.updateAxis();
-    QSignalSpy spy(&axis, &ZrQtAxis::requestUpdate);
-    axis.show();
-    QCOMPARE(spy.count(), 1);
-    axis.hide();
-    QCOMPARE(spy.count(), 1);
-    QShowEvent fromWindowSystem;
-    QSpontaneKeyEvent::setSpontaneous(&fromWindowSystem);
-    qApp->notify(&axis, &fromWindowSystem);
-    QCOMPARE(spy.count(), 1);
-}
-
-void TestZrQtAxis::updateAxisDoesNotAskForUpdate()
-{
-    ZrQtAxis axis;
-    QSignalSpy spy(&axis, &ZrQtAxis::requestUpdate);
-    const int width = axis.width();
-    axis.updateAxis();
-    QVERIFY(axis.width() != width);
-    QCOMPARE(spy.count(), 0);
-}
-
-void TestZrQtAxis::widerLabelsAskForUpdate()
-{
-    ShownAxis shown;
-    QSignalSpy spy(&shown.axis, &ZrQtAxis::requestUpdate);
-    const int width = shown.axis.width();
-    shown.axis.setMinMax(0.0, 90000.0);
-    QVERIFY(shown.axis.width() > width);
-    QCOMPARE(spy.count(), 1);
-    QCOMPARE(shown.axis.minimumSizeHint().width(), shown.axis.width());
-    shown.axis.setMinMax(10000.0, 80000.0);
-    QCOMPARE(spy.count(), 1);
-}
-
-// The ticks follow a margin with the next resize event. Here that is the one by which the wide label "-50"
-// makes the axis wider: half as long, it has only room for "0".
-void TestZrQtAxis::resizingItselfAsksForUpdateOnce()
-{
-    MarginAxis shown;
-    QSignalSpy spy(&shown.axis, &ZrQtAxis::requestUpdate);
-    QVector<double> ticksAtSignal;
-    int widthAtSignal = 0;
-    connect(&shown.axis, &ZrQtAxis::requestUpdate, this, [&] {
-        ticksAtSignal = shown.axis.tickPositions();
-        widthAtSignal = shown.axis.width();
-    });
-    shown.axis.setMinMax(-90.0, 90.0);
-    QCOMPARE(spy.count(), 1);
-    QCOMPARE(ticksAtSignal.size(), 1);
-    QCOMPARE(ticksAtSignal, shown.axis.tickPositions());
-    QCOMPARE(widthAtSignal, shown.axis.width());
-    QCOMPARE(shown.axis.minimumSizeHint().width(), shown.axis.width());
-    // Nothing is left to do.
-    shown.axis.updateAxis();
-    QCOMPARE(shown.axis.tickPositions(), ticksAtSignal);
-    QCOMPARE(shown.axis.width(), widthAtSignal);
-}
-
-void TestZrQtAxis::deletionWhileResizingItself()
-{
-    MarginAxis shown;
-    auto *axis = new ZrQtAxis(&shown.window);
-    shown.setUp(*axis);
-    const QPointer<ZrQtAxis> guard(axis);
-    connect(axis, &ZrQtAxis::requestUpdate, axis, [axis] { delete axis; });
-    axis->setMinMax(-90.0, 90.0);
-    QVERIFY(!guard);
-}
-
-void TestZrQtAxis::biggerFontAsksForUpdate()
-{
-    ShownAxis shown;
-    QSignalSpy spy(&shown.axis, &ZrQtAxis::requestUpdate);
-    const int width = shown.axis.width();
-    QFont font = shown.axis.font();
-    font.setPointSize(30);
-    shown.axis.setFont(font);
-    QVERIFY(shown.axis.width() > width);
-    QCOMPARE(spy.count(), 1);
-}
-
-void TestZrQtAxis::resizedAxisGetsMoreTicks()
-{
-    ShownAxis shown;
-    const int ticks = shown.axis.tickPositions().size();
-    shown.axis.resize(shown.axis.width(), 120);
-    QVERIFY(shown.axis.tickPositions().size() < ticks);
-    shown.axis.resize(shown.axis.width(), 400);
-    QCOMPARE(shown.axis.tickPositions().size(), ticks);
-}
-
-void TestZrQtAxis::showsNothingForAbsurdRanges_data()
-{
-    QTest::addColumn<double>("min");
-    QTest::addColumn<double>("max");
-    QTest::addColumn<bool>("logarithmic");
-    QTest::newRow("NaN") << notANumber << notANumber << false;
-    QTest::newRow("NaN below") << notANumber << 1.0 << false;
-    QTest::newRow("NaN above") << 0.0 << notANumber << false;
-    QTest::newRow("infinite") << -infinity << infinity << false;
-    QTest::newRow("empty") << 3.0 << 3.0 << false;
-    QTest::newRow("reversed") << 3.0 << 2.0 << false;
-    QTest::newRow("logarithmic from 0") << 0.0 << 10.0 << true;
-}
-
-void TestZrQtAxis::showsNothingForAbsurdRanges()
-{
-    QFETCH(double, min);
-    QFETCH(double, max);
-    QFETCH(bool, logarithmic);
-    for (Qt::Edge edge : {Qt::TopEdge, Qt::LeftEdge}) {
-        ShownAxis shown;
-        shown.axis.setLogarithmic(logarithmic);
-        shown.axis.setPosition(edge);
-        shown.axis.setMinMax(min, max);
-        QVERIFY(shown.axis.tickPositions().isEmpty());
-        QVERIFY(shown.axis.subTickPositions().isEmpty());
-        shown.picture();
-        shown.axis.setDrawMinMax(max, min);
-        shown.axis.setDrawingRangeLimited(true);
-        shown.axis.setInverted(true);
-        shown.picture();
-        QVERIFY(shown.axis.tickPositions().isEmpty());
-    }
-}
-
-void TestZrQtAxis::survivesAbsurdSizes_data()
-{
-    QTest::addColumn<Setup>("setup");
-    const int most = std::numeric_limits<int>::max();
-    const int least = std::numeric_limits<int>::min();
-    for (const int size : {most, least}) {
-        const QByteArray which = size == most ? "largest " : "smallest ";
-        QTest::newRow(which + "marginLow") << Setup([size](ZrQtAxis &axis) { axis.setMarginLow(size); });
-        QTest::newRow(which + "marginHigh") << Setup([size](ZrQtAxis &axis) { axis.setMarginHigh(size); });
-        QTest::newRow(which + "both margins") << Setup([size](ZrQtAxis &axis) {
-            axis.setMarginLow(size);
-            axis.setMarginHigh(size);
-        });
-        QTest::newRow(which + "tickSize") << Setup([size](ZrQtAxis &axis) { axis.setTickSize(size); });
-        QTest::newRow(which + "subTickSize") << Setup([size](ZrQtAxis &axis) { axis.setSubTickSize(size); });
-        QTest::newRow(which + "precision") << Setup([size](ZrQtAxis &axis) { axis.setPrecision(size); });
-        QTest::newRow(which + "maxTicks") << Setup([size](ZrQtAxis &axis) { axis.setMaxTicks(size); });
-        QTest::newRow(which + "maxSubTicks") << Setup([size](ZrQtAxis &axis) { axis.setMaxSubTicks(size); });
-    }
-    for (const double value : {notANumber, infinity, -infinity, 1e308, -1e308, 0.0}) {
-        const QByteArray which = QByteArray::number(value) + ' ';
-        QTest::newRow(which + "unitFactor") << Setup([value](ZrQtAxis &axis) { axis.setUnitFactor(value); });
-        QTest::newRow(which + "axisOffset") << Setup([value](ZrQtAxis &axis) {
-            axis.setAxisOffset(value);
-            axis.setMinMax(0.0, 1e308);
-        });
-        QTest::newRow(which + "tickDistance")
-            << Setup([value](ZrQtAxis &axis) { axis.setTickDistance(value); });
-        QTest::newRow(which + "subTickDistance")
-            << Setup([value](ZrQtAxis &axis) { axis.setSubTickDistance(value); });
-        QTest::newRow(which + "drawing range") << Setup([value](ZrQtAxis &axis) {
-            axis.setDrawingRangeLimited(true);
-            axis.setDrawMinMax(value, value);
-        });
-        QTest::newRow(which + "canvas") << Setup([value](ZrQtAxis &axis) {
-            axis.onCanvasChanged(QRectF(value, value, value, value), ZrQtPlot::COSY_0);
-        });
-    }
-    QTest::newRow("whole range of double") << Setup([](ZrQtAxis &axis) { axis.setMinMax(-1e308, 1e308); });
-    QTest::newRow("denormal range") << Setup([](ZrQtAxis &axis) { axis.setMinMax(0.0, 5e-324); });
-    QTest::newRow("range finer than double")
-        << Setup([](ZrQtAxis &axis) { axis.setMinMax(1e9, std::nextafter(1e9, 2e9)); });
-    QTest::newRow("times beyond all calendars") << Setup([](ZrQtAxis &axis) {
-        axis.setLabelFormat(ZrQtAxis::TimePlusMs);
-        axis.setMinMax(1e300, 1e305);
-    });
-    QTest::newRow("edge without a name") << Setup([](ZrQtAxis &axis) { axis.setPosition(Qt::Edge(0)); });
-    QTest::newRow("format without a name")
-        << Setup([](ZrQtAxis &axis) { axis.setLabelFormat(ZrQtAxis::LabelFormat(7)); });
-    QTest::newRow("long label") << Setup(
-        [](ZrQtAxis &axis) { axis.setAxisLabel(QString(100000, QLatin1Char('W'))); });
-}
-
-void TestZrQtAxis::survivesAbsurdSizes()
-{
-    QFETCH(Setup, setup);
-    for (Qt::Edge edge : {Qt::TopEdge, Qt::LeftEdge, Qt::RightEdge, Qt::BottomEdge}) {
-        for (const QSize size : {QSize(0, 0), QSize(300, 300)}) {
-            // Not shown: an axis of the largest size would get a picture of that size.
-            ZrQtAxis axis;
-            axis.setPosition(edge);
-            axis.resize(size);
-            setup(axis);
-            axis.setInverted(true);
-            axis.updateAxis();
-            QImage image(300, 300, QImage::Format_RGB32);
-            axis.render(&image, QPoint(), QRect(0, 0, 300, 300), QWidget::RenderFlags());
-            for (const double tick : axis.tickPositions())
-                QVERIFY(std::isfinite(tick));
-        }
-    }
-}
-
-void TestZrQtAxis::survivesDeletionInItsOwnSignal()
-{
-    for (const Setup &change : {Setup([](ZrQtAxis &axis) { axis.setPosition(Qt::TopEdge); }),
-                                Setup([](ZrQtAxis &axis) { axis.setTickSize(30); }),
-                                Setup([](ZrQtAxis &axis) { axis.setMinMax(0.0, 90000.0); }),
-                                Setup([](ZrQtAxis &axis) { axis.setInverted(true); }),
-                                Setup([](ZrQtAxis &axis) { axis.setLabelFormat(ZrQtAxis::TimePlusMs); })}) {
-        auto *axis = new ZrQtAxis;
-        QPointer<ZrQtAxis> guard(axis);
-        connect(axis, &ZrQtAxis::requestUpdate, axis, [axis] { delete axis; });
-        change(*axis);
-        QVERIFY(!guard);
-    }
 }
 
 QTEST_MAIN(TestZrQtAxis)
