@@ -12,6 +12,9 @@
 #include <limits>
 
 /// Turns the bytes of a fuzzer into choices and values. When they are used up every answer is 0.
+///
+/// Ask for one value after the other, into variables or between braces: compilers differ in which argument of
+/// a call they work out first, and a seed has to mean the same to all.
 class ByteInput
 {
 public:

@@ -38,9 +38,9 @@ inline QVariant hostileValue(const QMetaProperty &property, ByteInput &input)
         return font;
     }
     case QMetaType::QSizeF:
-        return QSizeF(input.real(), input.real());
+        return QSizeF{input.real(), input.real()};
     case QMetaType::QRectF:
-        return QRectF(input.real(), input.real(), input.real(), input.real());
+        return QRectF{input.real(), input.real(), input.real(), input.real()};
     default:
         return {};
     }

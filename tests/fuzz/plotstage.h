@@ -7,7 +7,9 @@
 #include "ZrQtPlotWidgets/zrqtplotfeature.h"
 #include "shared/plotprobe.h"
 
+#include <QtCore/QPair>
 #include <QtCore/QPointer>
+#include <QtCore/QSet>
 #include <QtGui/QPainter>
 #include <QtWidgets/QWidget>
 
@@ -61,7 +63,7 @@ private:
     Cosy system() { return m_input.anyOf(systems); }
     double value() { return m_tame ? m_input.tameReal() : m_input.real(); }
     QPointF point() { return {value(), value()}; }
-    QRectF rect() { return QRectF(value(), value(), value(), value()); }
+    QRectF rect() { return {value(), value(), value(), value()}; }
     template <typename T, typename Make> QVector<T> several(Make make);
 
     // What holds after each step and in the end (plotstage_checks.cpp)
@@ -69,7 +71,8 @@ private:
     void checkLists(const OpenPlot &plot) const;
     void checkGeometry(const OpenPlot &plot) const;
     void checkTicks(const ZrQtAxis &axis) const;
-    void checkCanvases(const OpenPlot &plot) const;
+    bool keepsTrack(const OpenPlot &plot, Cosy cosy);
+    void checkCanvases(const OpenPlot &plot);
     void checkExtent(const OpenPlot &plot, Cosy cosy, ZrQtPlot::PlotAxis direction) const;
     void letGo();
 
@@ -118,6 +121,7 @@ private:
     QPointer<OpenPlot> m_plots[2];
     QList<QPointer<QWidget>> m_things;
     std::unique_ptr<Feature> m_feature;
+    QSet<QPair<const OpenPlot *, int>> m_systemsThatLetGo; // see keepsTrack()
 };
 
 template <typename Widget> Widget *PlotStage::anyThing()

@@ -141,12 +141,16 @@ void PlotStage::setScaling()
     case 0:
         target->setScaling(mode, system());
         break;
-    case 1:
-        target->setScalingX(mode, system(), m_input.flag());
+    case 1: {
+        const Cosy cosy = system();
+        target->setScalingX(mode, cosy, m_input.flag());
         break;
-    case 2:
-        target->setScalingY(mode, system(), m_input.flag());
+    }
+    case 2: {
+        const Cosy cosy = system();
+        target->setScalingY(mode, cosy, m_input.flag());
         break;
+    }
     case 3:
         target->setKeepOldBoundingRectWidthTolerance(value());
         break;
@@ -195,12 +199,16 @@ void PlotStage::connectSliders()
         target->disconnectSlider();
         break;
     case 1:
-        if (slider)
-            slider->onMasterCanvasChanged(rect(), system());
+        if (slider) {
+            const QRectF canvas = rect();
+            slider->onMasterCanvasChanged(canvas, system());
+        }
         break;
     case 2:
-        if (slider)
-            slider->onSlaveCanvasChanged(rect(), system());
+        if (slider) {
+            const QRectF canvas = rect();
+            slider->onSlaveCanvasChanged(canvas, system());
+        }
         break;
     default:
         // A plot that is its own slave shows what it shows: nothing that an application wants.
@@ -225,12 +233,17 @@ void PlotStage::feedChannel()
     case 0:
         channel->setData(points);
         break;
-    case 1:
-        channel->setData(several<double>(number), several<double>(number));
+    case 1: {
+        const QVector<double> x = several<double>(number);
+        channel->setData(x, several<double>(number));
         break;
-    case 2:
-        channel->setData(several<double>(number), value(), value());
+    }
+    case 2: {
+        const QVector<double> y = several<double>(number);
+        const QPointF startAndStep = point();
+        channel->setData(y, startAndStep.x(), startAndStep.y());
         break;
+    }
     case 3:
         channel->clear();
         break;
@@ -282,7 +295,7 @@ void PlotStage::styleChannel()
 void PlotStage::feedPlotChannel(ZrQtPlotChannel *channel)
 {
     const auto makeRect = [this] { return rect(); };
-    const auto makeLine = [this] { return QLineF(point(), point()); };
+    const auto makeLine = [this] { return QLineF{point(), point()}; };
     channel->setEditable(true);
     switch (m_input.below(7)) {
     case 0:
@@ -316,15 +329,18 @@ void PlotStage::changeAxis()
     if (!axis)
         return;
     switch (m_input.below(4)) {
-    case 0:
-        axis->setMinMax(m_input.real(), m_input.real());
+    case 0: {
+        const double min = m_input.real();
+        axis->setMinMax(min, m_input.real());
         break;
-    case 1:
-        axis->setDrawMinMax(m_input.real(), m_input.real());
+    }
+    case 1: {
+        const double min = m_input.real();
+        axis->setDrawMinMax(min, m_input.real());
         break;
+    }
     case 2:
-        axis->onCanvasChanged(QRectF(m_input.real(), m_input.real(), m_input.real(), m_input.real()),
-                              axis->cosy());
+        axis->onCanvasChanged({m_input.real(), m_input.real(), m_input.real(), m_input.real()}, axis->cosy());
         break;
     default:
         axis->updateAxis();
@@ -341,17 +357,21 @@ void PlotStage::changeChannel()
     case 0:
         channel->setVisible(m_input.flag());
         break;
-    case 1:
-        channel->onAxisInverted(ZrQtPlot::PlotAxis(m_input.below(4)), system(), m_input.flag());
+    case 1: {
+        const auto direction = ZrQtPlot::PlotAxis(m_input.below(4));
+        const Cosy cosy = system();
+        channel->onAxisInverted(direction, cosy, m_input.flag());
         break;
+    }
     case 2:
         channel->mapToPixel({m_input.real(), m_input.real()});
         channel->mapToData({m_input.integer(), m_input.integer()});
         break;
-    default:
-        channel->onCanvasChanged(QRectF(m_input.real(), m_input.real(), m_input.real(), m_input.real()),
-                                 system());
+    default: {
+        const QRectF canvas{m_input.real(), m_input.real(), m_input.real(), m_input.real()};
+        channel->onCanvasChanged(canvas, system());
         break;
+    }
     }
 }
 
@@ -360,7 +380,7 @@ void PlotStage::changePlotWidget()
     OpenPlot *target = plot();
     switch (m_input.below(6)) {
     case 0:
-        target->resize(m_input.below(256) * 4, m_input.below(256) * 4);
+        target->resize(QSize{m_input.below(256) * 4, m_input.below(256) * 4});
         break;
     case 1:
         target->setVisible(m_input.flag());

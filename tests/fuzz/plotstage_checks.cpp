@@ -73,8 +73,33 @@ void PlotStage::checkTicks(const ZrQtAxis &axis) const
             "ticks are in order");
 }
 
+static bool countsForExtent(ZrQtBaseChannel *channel, const ZrQtPlotPrivate &state, Cosy cosy,
+                            ZrQtPlot::PlotAxis direction)
+{
+    const QRectF own = channel->boundingRect();
+    const double size = direction == ZrQtPlot::Axis_X ? own.width() : own.height();
+    return channel->cosy(direction) == cosy && channel->isSelectedForDisplay() && channel->useForScaling()
+           && (state.useEmptyBoundingRectsForAutoFitScaling || size > 0.0);
+}
+
+/// Where channels count in one direction only, a look at all of them for the other one makes both let go of
+/// their edges. From then on an extent covers what comes, and not what is there.
+bool PlotStage::keepsTrack(const OpenPlot &plot, Cosy cosy)
+{
+    const ZrQtPlotPrivate &state = plot.state();
+    const auto countsAny = [&state, cosy](ZrQtPlot::PlotAxis direction) {
+        return std::any_of(state.m_channels.cbegin(), state.m_channels.cend(), [&](ZrQtBaseChannel *channel) {
+            return countsForExtent(channel, state, cosy, direction);
+        });
+    };
+    const QPair<const OpenPlot *, int> system(&plot, cosy);
+    if (countsAny(ZrQtPlot::Axis_X) != countsAny(ZrQtPlot::Axis_Y))
+        m_systemsThatLetGo.insert(system);
+    return !m_systemsThatLetGo.contains(system);
+}
+
 /// While the application sets no canvas, margin or extent that asks for something else.
-void PlotStage::checkCanvases(const OpenPlot &plot) const
+void PlotStage::checkCanvases(const OpenPlot &plot)
 {
     const auto &records = plot.state().m_cosys;
     for (const Cosy cosy : records.keys()) {
@@ -87,6 +112,8 @@ void PlotStage::checkCanvases(const OpenPlot &plot) const
                 "left is below right");
         require(canvas.height() > 0.0 || (canvas.height() == 0.0 && data.height() == 0.0),
                 "top is below bottom");
+        if (!keepsTrack(plot, cosy))
+            continue;
         checkExtent(plot, cosy, ZrQtPlot::Axis_X);
         checkExtent(plot, cosy, ZrQtPlot::Axis_Y);
     }
@@ -102,12 +129,9 @@ void PlotStage::checkExtent(const OpenPlot &plot, Cosy cosy, ZrQtPlot::PlotAxis 
     double low = std::numeric_limits<double>::max();
     double high = std::numeric_limits<double>::lowest();
     for (ZrQtBaseChannel *channel : state.m_channels) {
-        const QRectF own = channel->boundingRect();
-        const bool counts
-            = channel->isSelectedForDisplay() && channel->useForScaling()
-              && (state.useEmptyBoundingRectsForAutoFitScaling || (isX ? own.width() : own.height()) > 0.0);
-        if (channel->cosy(direction) != cosy || !counts)
+        if (!countsForExtent(channel, state, cosy, direction))
             continue;
+        const QRectF own = channel->boundingRect();
         low = std::min(low, lowOf(own));
         high = std::max(high, highOf(own));
     }

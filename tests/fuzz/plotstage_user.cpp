@@ -38,7 +38,7 @@ void PlotStage::typeIntoAxis()
 void PlotStage::moveMouse()
 {
     OpenPlot *over = plot();
-    const QPoint position(m_input.below(256) * 2 - 20, m_input.below(256) * 2 - 20);
+    const QPoint position{m_input.below(256) * 2 - 20, m_input.below(256) * 2 - 20};
     if (m_input.flag())
         QCursor::setPos(over->mapToGlobal(position));
     const Qt::MouseButtons held = m_input.flag() ? Qt::LeftButton : Qt::NoButton;
@@ -52,7 +52,7 @@ void PlotStage::moveMouse()
 void PlotStage::pressMouse()
 {
     OpenPlot *over = plot();
-    const QPoint position(m_input.below(256) * 2 - 20, m_input.below(256) * 2 - 20);
+    const QPoint position{m_input.below(256) * 2 - 20, m_input.below(256) * 2 - 20};
     const Qt::MouseButton buttons[] = {Qt::LeftButton, Qt::LeftButton, Qt::RightButton};
     const QEvent::Type types[] = {QEvent::MouseButtonPress, QEvent::MouseButtonPress,
                                   QEvent::MouseButtonRelease, QEvent::MouseButtonDblClick};
@@ -69,7 +69,7 @@ void PlotStage::dragContent()
 {
     QWidget *target = thing();
     const QPoint by(m_input.raw<std::int8_t>(), m_input.raw<std::int8_t>());
-    QPoint from(m_input.below(256) * 2, m_input.below(256) * 2);
+    QPoint from{m_input.below(256) * 2, m_input.below(256) * 2};
     if (auto *channel = qobject_cast<ZrQtPlotChannel *>(target)) {
         QVector<QPointF> places = channel->points();
         for (const QRectF &each : channel->rectangles() + channel->circles())
@@ -101,7 +101,7 @@ void PlotStage::dragContent()
 void PlotStage::turnTheWheel()
 {
     OpenPlot *over = plot();
-    const QPoint position(m_input.below(256) * 2, m_input.below(256) * 2);
+    const QPoint position{m_input.below(256) * 2, m_input.below(256) * 2};
     QWidget *child = over->childAt(position);
     QWidget *target = child ? child : over;
     turnWheel(target, target->mapFrom(over, position), {m_input.integer(), m_input.integer()});
