@@ -29,6 +29,7 @@ struct ZrQtPlotPrivate::Tracked
 /// one that shrinks within it after the interval of the reduction timer.
 void ZrQtPlotPrivate::trackBoundingRect(ZrQtBaseChannel *channel, const QRectF &rect, Tracking tracking)
 {
+    noteExtent(channel, rect);
     if (!channel->useForScaling())
         return;
     // A copy, since the slots of canvasChanged() may delete the channel that reports it.
@@ -158,16 +159,44 @@ void ZrQtPlotPrivate::refit(CoordinateSystem cosy, PlotAxis axis)
     CosyState &record = state(cosy);
     if (!minChannel && !maxChannel) {
         for (CosyState::Direction *direction : {&record.x, &record.y}) {
+            direction->fitted = direction->fitted && !direction->minChannel && !direction->maxChannel;
             direction->minChannel = nullptr;
             direction->maxChannel = nullptr;
         }
+        record.direction(axis).fitted = true;
         return;
     }
     record.direction(axis).minChannel = minChannel;
     record.direction(axis).maxChannel = maxChannel;
+    // Before anybody hears of it and changes something. What is widened is written at each look.
+    record.direction(axis).fitted = !(useEmptyBoundingRectsForAutoFitScaling && extent.low == extent.high);
     const Extent known = CanvasScaling::extentOf(record.boundingRect, toDirection(axis));
     if (extent.low != known.low || extent.high != known.high)
         writeExtent(cosy, axis, extent);
+}
+
+/// Fits a system to which a channel was added. Where nothing changed since the last fit, and the new channel
+/// does not count, there is nothing to find: to look all the same would make many channels slow to add.
+void ZrQtPlotPrivate::refitWith(ZrQtBaseChannel *channel, CoordinateSystem cosy, PlotAxis axis)
+{
+    CosyState &record = state(cosy);
+    const CosyState::Direction &direction = record.direction(axis);
+    const bool isSettled = direction.minChannel ? direction.maxChannel != nullptr : !record.edgesAreHeld();
+    if (!direction.fitted || !isSettled || extentThatCounts(channel, axis))
+        refit(cosy, axis);
+}
+
+/// A fit finds something else when a channel that counts, or that holds an edge, reports its extent.
+void ZrQtPlotPrivate::noteExtent(ZrQtBaseChannel *channel, const QRectF &rect)
+{
+    for (PlotAxis axis : {ZrQtPlot::Axis_X, ZrQtPlot::Axis_Y}) {
+        CosyState::Direction &direction = state(channel->cosy(axis)).direction(axis);
+        const bool counts = channel->isSelectedForDisplay() && channel->useForScaling()
+                            && (useEmptyBoundingRectsForAutoFitScaling
+                                || CanvasScaling::sizeOf(rect, toDirection(axis)) > 0.0);
+        if (counts || direction.minChannel == channel || direction.maxChannel == channel)
+            direction.fitted = false;
+    }
 }
 
 void ZrQtPlotPrivate::writeExtent(CoordinateSystem cosy, PlotAxis axis, Extent extent)
@@ -225,6 +254,7 @@ void ZrQtPlotPrivate::releaseChannel(ZrQtBaseChannel *channel)
                 return;
             CosyState::Direction &direction = state(cosy).direction(axis);
             const bool held = direction.minChannel == channel || direction.maxChannel == channel;
+            direction.fitted = direction.fitted && !held;
             if (direction.minChannel == channel)
                 direction.minChannel = nullptr;
             if (direction.maxChannel == channel)

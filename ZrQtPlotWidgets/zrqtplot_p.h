@@ -39,11 +39,13 @@ struct CosyState
         ScalingMode previousScaling{};         ///< what an automatic return comes back to
         ZrQtBaseChannel *minChannel = nullptr; ///< holds the low edge of the bounding rectangle
         ZrQtBaseChannel *maxChannel = nullptr; ///< holds the high edge
+        bool fitted = false;                   ///< a look at the same channels would find the same
         bool hold = false;                     ///< an axis of this direction is being dragged
         bool inverted = false;                 ///< an axis shows this direction high-to-low
     };
 
     Direction &direction(ZrQtPlot::PlotAxis axis) { return axis == ZrQtPlot::Axis_X ? x : y; }
+    bool edgesAreHeld() const { return x.minChannel || x.maxChannel || y.minChannel || y.maxChannel; }
 
     QRectF boundingRect;     ///< union of the bounding rectangles of the channels of this system
     QRectF lastBoundingRect; ///< the same as of the previous scaling
@@ -101,6 +103,8 @@ public:
     enum class Tracking { Incremental, Forced };
     void trackBoundingRect(ZrQtBaseChannel *channel, const QRectF &rect, Tracking tracking);
     void refit(CoordinateSystem cosy, PlotAxis axis);
+    void refitWith(ZrQtBaseChannel *channel, CoordinateSystem cosy, PlotAxis axis);
+    void noteExtent(ZrQtBaseChannel *channel, const QRectF &rect);
     void refitUsed();
     void releaseChannel(ZrQtBaseChannel *channel);
 

@@ -158,8 +158,10 @@ void ZrQtPlotPrivate::addChannel(ZrQtBaseChannel *channel)
         connectAxisToChannel(axis, channel);
 
     const CoordinateSystem cosyY = channel->cosyY();
-    refit(channel->cosyX(), ZrQtPlot::Axis_X);
-    if (plot)
+    refitWith(channel, channel->cosyX(), ZrQtPlot::Axis_X);
+    if (!isGone())
+        refitWith(channel, cosyY, ZrQtPlot::Axis_Y);
+    else if (plot)
         refit(cosyY, ZrQtPlot::Axis_Y);
     if (plot)
         layOut();

@@ -274,6 +274,7 @@ void ZrQtPlotPrivate::resetCanvases()
             direction->hold = false;
             direction->minChannel = nullptr;
             direction->maxChannel = nullptr;
+            direction->fitted = false;
         }
         Q_EMIT q->canvasChanged(QRectF(initialCanvas), cosy);
         if (!plot)

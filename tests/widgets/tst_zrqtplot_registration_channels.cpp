@@ -12,6 +12,8 @@ private Q_SLOTS:
     void channelGetsItsCanvasesAtOnce();
     void channelFollowsTheCanvas();
     void channelExtentIsTakenAtOnce();
+    void channelsWithoutDataAskNoOther_data();
+    void channelsWithoutDataAskNoOther();
     void channelTwice();
     void channelRepaints_data();
     void channelRepaints();
@@ -30,6 +32,21 @@ private Q_SLOTS:
 namespace {
 
 const Cosy C3 = ZrQtPlot::COSY_3;
+
+/// Counts how often it is asked for its extent.
+class AskedChannel : public ProbeChannel
+{
+public:
+    using ProbeChannel::ProbeChannel;
+
+    QRectF boundingRect() override
+    {
+        ++timesAsked;
+        return ProbeChannel::boundingRect();
+    }
+
+    int timesAsked = 0;
+};
 
 } // namespace
 
@@ -74,6 +91,37 @@ void tst_ZrQtPlotRegistrationChannels::channelExtentIsTakenAtOnce()
     // x of the one system before y of the other.
     const QStringList expected = {PlotLog::canvas(0, 50, 0, 10, C0), PlotLog::canvas(0, 10, 0, 60, C1)};
     QCOMPARE(log.take(), expected);
+}
+
+void tst_ZrQtPlotRegistrationChannels::channelsWithoutDataAskNoOther_data()
+{
+    QTest::addColumn<QRectF>("extent");
+    QTest::newRow("no data at all") << QRectF();
+    QTest::newRow("data") << QRectF(1, 2, 3, 4);
+}
+
+/// Or else a thousand channels would be a million questions.
+void tst_ZrQtPlotRegistrationChannels::channelsWithoutDataAskNoOther()
+{
+    QFETCH(const QRectF, extent);
+    Scene scene;
+    AskedChannel first(scene.plot);
+    first.setRect(extent);
+    new ZrQtBufferedChannel(scene.plot);
+    first.timesAsked = 0;
+    for (int i = 0; i < 100; ++i)
+        new ZrQtBufferedChannel(scene.plot);
+    QCOMPARE(first.timesAsked, 0);
+
+    // What is reported afterwards is seen.
+    first.setRect({10, 20, 30, 40});
+    auto *last = new ZrQtBufferedChannel(scene.plot);
+    last->setData(QVector<QPointF>{{50, 60}, {70, 80}});
+    scene.plot->setScaling(ZrQtPlot::Custom, C0);
+    scene.plot->setScaling(ZrQtPlot::AutoFit, C0);
+    const QRectF canvas = scene.plot->canvas(C0);
+    QVERIFY(canvas.contains(QRectF(10, 20, 60, 60)));
+    QVERIFY(canvas.width() < 70 && canvas.height() < 70);
 }
 
 void tst_ZrQtPlotRegistrationChannels::channelTwice()
