@@ -17,6 +17,8 @@ constexpr double sampleCost = 16.0;
 constexpr double referenceHeight = 600.0;
 constexpr double leastHeight = 150.0;
 
+constexpr int columnsAhead = 4; // whose samples are fetched from memory meanwhile
+
 // Of a hairline that is only partly drawn one by one.
 constexpr int mostTurns = 8;
 constexpr double leastTurn = 2.0; // pixels; a line with smaller ones has too many
@@ -58,7 +60,10 @@ public:
     {
         m_mostCost /= std::max(1, columns.size());
         m_line.bars.reserve(columns.size());
-        for (const ColumnSamples &column : columns) {
+        for (int i = 0; i < columns.size(); ++i) {
+            if (i + columnsAhead < columns.size())
+                m_series.prefetch(columns.at(i + columnsAhead).samples);
+            const ColumnSamples &column = columns.at(i);
             if (column.samples.begin == column.run.begin)
                 endRun();
             append(column);

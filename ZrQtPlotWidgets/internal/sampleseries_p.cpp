@@ -141,3 +141,17 @@ SampleExtent SampleSeries::extent(const IndexRange &range)
         return m_scan(m_points.constData() + range.begin, range.size());
     return m_pyramid.extent(m_points.constData(), range.begin, range.end);
 }
+
+void SampleSeries::prefetch(const IndexRange &range) const
+{
+#if defined(__GNUC__)
+    constexpr int samplesPerLine = 64 / sizeof(QPointF); // of the processor's cache
+    const int count = std::min(range.size(), MinMaxPyramid::finestBlock);
+    for (int i = 0; i < count; i += samplesPerLine) {
+        __builtin_prefetch(m_points.constData() + range.begin + i);
+        __builtin_prefetch(m_points.constData() + range.end - 1 - i);
+    }
+#else
+    Q_UNUSED(range)
+#endif
+}

@@ -48,6 +48,9 @@ public:
     /// The extent of y in a part of the series, gaps left out. Quick if the series ascends.
     [[nodiscard]] SampleExtent extent(const IndexRange &range);
 
+    /// Has the processor fetch those samples of a range that extent() reads, at both ends.
+    void prefetch(const IndexRange &range) const;
+
 private:
     void inspect();
     void appendToRuns(const IndexRange &samples);
